@@ -1,0 +1,41 @@
+# One dialect and one set of warnings for everything that is built here.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+
+option(TARQ_BENCH "Build the benchmarks" OFF)
+set(TARQ_SANITIZE "" CACHE STRING "What -fsanitize takes, e.g. address,undefined")
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # GCC 12 warns of overlaps inside its own std::string operator+ (GCC bug 105651).
+  add_compile_options(-Wno-restrict)
+endif()
+if(TARQ_SANITIZE)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    add_compile_options(-Wno-maybe-uninitialized)  # false alarms in instrumented library code (GCC bug 105562)
+  endif()
+  # vptr needs RTTI, which the plug-in is built without.
+  add_compile_options(-fsanitize=${TARQ_SANITIZE} -fno-sanitize=vptr -fno-sanitize-recover=all
+                      -fno-omit-frame-pointer -D_GLIBCXX_ASSERTIONS)
+  add_link_options(-fsanitize=${TARQ_SANITIZE})
+endif()
+
+# How every part of the plug-in is compiled.
+function(tarq_plugin_flags target)
+  target_compile_options(${target} PRIVATE
+    -fno-exceptions -fno-rtti -fvisibility=hidden -ffunction-sections -fdata-sections)
+endfunction()
+
+# tarq_plugin_part(NAME [LINKS targets...] SOURCES files...): one folder of the plug-in.
+function(tarq_plugin_part name)
+  cmake_parse_arguments(PART "" "" "LINKS;SOURCES" ${ARGN})
+  add_library(${name} STATIC ${PART_SOURCES})
+  target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+  tarq_plugin_flags(${name})
+  target_link_libraries(${name} PUBLIC host ${PART_LINKS})
+endfunction()

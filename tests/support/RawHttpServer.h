@@ -1,0 +1,145 @@
+#ifndef RAW_HTTP_SERVER_H_
+#define RAW_HTTP_SERVER_H_
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <functional>
+#include <list>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+// A listening socket on an ephemeral port of the loopback address.
+class LoopbackListener {
+ public:
+  LoopbackListener() : fd_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    bind(fd_, reinterpret_cast<sockaddr*>(&address), size);
+    listen(fd_, SOMAXCONN);
+    getsockname(fd_, reinterpret_cast<sockaddr*>(&address), &size);
+    port_ = ntohs(address.sin_port);
+  }
+  ~LoopbackListener() { close(fd_); }
+  LoopbackListener(const LoopbackListener&) = delete;
+  LoopbackListener& operator=(const LoopbackListener&) = delete;
+
+  int fd() const { return fd_; }
+  std::string url(const std::string& path) const {
+    return "http://127.0.0.1:" + std::to_string(port_) + path;
+  }
+
+ private:
+  int fd_;
+  int port_ = 0;
+};
+
+// Answers each connection with raw bytes, so that it can misbehave as real servers do. It reads one request,
+// records it, plays the answer and closes.
+// Threads: one for each connection; the answer is played on it. The destructor cuts all connections.
+class RawHttpServer {
+ public:
+  class Connection {
+   public:
+    explicit Connection(int fd) : fd_(fd) {}
+    // False: the client is gone.
+    bool send(std::string_view text) {
+      while (!text.empty()) {
+        const ssize_t sent = ::send(fd_, text.data(), text.size(), MSG_NOSIGNAL);
+        if (sent <= 0) return false;
+        text.remove_prefix(static_cast<size_t>(sent));
+      }
+      return true;
+    }
+    // True: the client closed within `limit`.
+    bool closedWithin(std::chrono::milliseconds limit) {
+      pollfd waiting{fd_, POLLIN, 0};
+      char byte;
+      return poll(&waiting, 1, static_cast<int>(limit.count())) > 0 && recv(fd_, &byte, 1, 0) <= 0;
+    }
+    // The end of the connection becomes a reset.
+    void resetOnClose() {
+      const linger none{1, 0};
+      setsockopt(fd_, SOL_SOCKET, SO_LINGER, &none, sizeof none);
+    }
+    std::string readRequest() {
+      std::string request;
+      char byte;
+      while (!request.ends_with("\r\n\r\n") && recv(fd_, &byte, 1, 0) == 1) request += byte;
+      return request;
+    }
+
+   private:
+    int fd_;
+  };
+  using Answer = std::function<void(Connection&)>;
+
+  explicit RawHttpServer(Answer answer) : answer_(std::move(answer)), acceptor_([this] { acceptAll(); }) {}
+  explicit RawHttpServer(std::string answer)
+      : RawHttpServer([text = std::move(answer)](Connection& client) { client.send(text); }) {}
+
+  ~RawHttpServer() {
+    shutdown(listener_.fd(), SHUT_RDWR);  // ends accept()
+    acceptor_.join();
+    {
+      const std::lock_guard lock(mutex_);
+      for (const int fd : open_) shutdown(fd, SHUT_RDWR);
+    }
+    for (std::thread& worker : workers_) worker.join();
+  }
+
+  std::string url(const std::string& path = "/media") const { return listener_.url(path); }
+
+  std::vector<std::string> requests() {
+    const std::lock_guard lock(mutex_);
+    return requests_;
+  }
+  void waitForRequest() {
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [this] { return !requests_.empty(); });
+  }
+
+ private:
+  void acceptAll() {
+    for (int fd; (fd = accept4(listener_.fd(), nullptr, nullptr, SOCK_CLOEXEC)) >= 0;) {
+      const std::lock_guard lock(mutex_);
+      open_.push_back(fd);
+      workers_.emplace_back([this, fd] { serve(fd); });
+    }
+  }
+
+  void serve(int fd) {
+    Connection client(fd);
+    std::string request = client.readRequest();
+    {
+      const std::lock_guard lock(mutex_);
+      requests_.push_back(std::move(request));
+    }
+    changed_.notify_all();
+    answer_(client);
+    const std::lock_guard lock(mutex_);
+    open_.remove(fd);
+    close(fd);
+  }
+
+  LoopbackListener listener_;
+  Answer answer_;
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::list<int> open_;
+  std::vector<std::string> requests_;
+  std::vector<std::thread> workers_;
+  std::thread acceptor_;  // last: it uses all of the above
+};
+
+#endif  // RAW_HTTP_SERVER_H_

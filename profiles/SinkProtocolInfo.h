@@ -1,0 +1,20 @@
+#ifndef SINK_PROTOCOL_INFO_H_
+#define SINK_PROTOCOL_INFO_H_
+
+#include "TarqDmrMediaProfile.h"
+#include "VondString.h"
+
+// Builds the SinkProtocolInfo text (ConnectionManager:1, 2.2.2) of the visible media profiles: first the
+// entries of the DLNA profiles, each with its vendor or ARIB counterpart merged in, then all others. Never
+// null. The text belongs to the builder and stays valid until the next call: one caller at a time.
+const char* TarqDmrMediaProfile_GetProtocolInfo();
+
+// The counterpart that is advertised in one entry with `row`, searched among the rows that `it` has still to
+// visit; null when it has none there.
+const TarqDmrMediaProfile* getMultiplexProfile(const TarqDmrMediaProfile& row,
+                                               TarqDmrMediaProfileTableIterator& it);
+
+// Appends the entry of `row` to `out`; `partner` may be null.
+void addProtocolInfo(VondString& out, const TarqDmrMediaProfile& row, const TarqDmrMediaProfile* partner);
+
+#endif  // SINK_PROTOCOL_INFO_H_

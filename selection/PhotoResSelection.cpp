@@ -1,0 +1,101 @@
+#include <array>
+#include <optional>
+
+#include "ResolutionProxy.h"
+#include "TarqDlnaResSelection.h"
+#include "TextMatch.h"
+
+namespace {
+
+constexpr PictureContest kPhotoContest = {.firstPosition = 100, .tooLarge = -1700};
+
+// JPEG_TN is missing on purpose: a thumbnail is never shown.
+constexpr auto photoProfileTable = std::to_array<NamedFormat>({
+    {"JPEG_LRG", "JPEG", "image/jpeg"},
+    {"JPEG_MED", "JPEG", "image/jpeg"},
+    {"JPEG_SM", "JPEG", "image/jpeg"},
+    {"KZR", "KZR", "image/x-orsa-kzr"},
+});
+static_assert(photoProfileTable.size() == 4);
+
+// A known format earns nothing of its own: position and size decide among photos.
+std::optional<int32_t> classifyPhoto(TarqDlnaResMetadata& record) {
+  const char* profile = record.dlnaPn.c_str();
+  for (const NamedFormat& row : photoProfileTable) {
+    if (profile != nullptr ? equals(profile, row.profile) : equals(record.mimeType.c_str(), row.mimeType)) {
+      record.format = row.format;
+      return 0;
+    }
+  }
+  return std::nullopt;
+}
+
+// A candidate of the multi-picture contest.
+struct MpoPhoto {
+  int rank;          // by the number of pictures; higher is better
+  int32_t overArea;  // pixels above (below: negative) the full-HD area
+  bool fullHd;
+};
+
+int mpoRank(int32_t entries, bool notConverted) {
+  const int converted = entries == 2 || entries == 4                   ? 5
+                        : entries == 3 || entries == 5 || entries == 6 ? 3
+                                                                       : 1;
+  return notConverted ? converted + 1 : converted;
+}
+
+std::optional<MpoPhoto> classifyMpo(const TarqDlnaResMetadata& record) {
+  if (record.resolution.c_str() == nullptr) return std::nullopt;
+  resolutionProxy proxy{record.resolution.c_str(), nullptr};
+  const int32_t width = proxy.GetWidth();
+  const int32_t height = proxy.GetHeight();
+  TARQ_Resolution_Destroy(proxy.parsed);
+
+  const bool usable = width >= 1 && width <= kMaxSide && height >= 1 && height <= kMaxSide;
+  if (!usable || record.dlnaPn.c_str() != nullptr || record.mpfEntries == 0) return std::nullopt;
+  return MpoPhoto{.rank = mpoRank(record.mpfEntries, record.notConverted),
+                  .overArea = width * height - kFullHdArea,
+                  .fullHd = width == kFullHdWidth && height == kFullHdHeight};
+}
+
+// Whether `photo` takes the lead from `best`. In a tie the best stays unless the candidate's size is better.
+bool beats(const MpoPhoto& photo, const MpoPhoto& best) {
+  if (photo.rank != best.rank) return photo.rank > best.rank;
+  if (best.fullHd) return false;
+  if (photo.fullHd) return true;
+  if (photo.overArea > 0 && best.overArea > 0) return photo.overArea < best.overArea;
+  if (photo.overArea < 0 && best.overArea < 0) return photo.overArea > best.overArea;
+  return best.overArea < 0 && photo.overArea > 0;
+}
+
+int pickMpo(int count, const TarqDlnaResMetadata* records) {
+  int index = -1;
+  MpoPhoto best{};
+  for (int i = 0; i < count; ++i) {
+    const std::optional<MpoPhoto> photo = classifyMpo(records[i]);
+    if (!photo || (index != -1 && !beats(*photo, best))) continue;
+    best = *photo;
+    index = i;
+  }
+  return index;
+}
+
+}  // namespace
+
+int TarqDlnaResSelection::selectPhotoResIndex(int count, TarqDlnaResMetadata* records) {
+  const auto scores = newScores(count);
+  return scores == nullptr ? -1 : selectPhotoResIndex(count, records, scores.get());
+}
+
+int TarqDlnaResSelection::selectPhotoResIndex(int count, TarqDlnaResMetadata* records,
+                                              ResScore* scores) const {
+  return runPictureContest(kPhotoContest, count, records, scores, classifyPhoto);
+}
+
+int TarqDlnaResSelection::selectPhotoResIndex_MPO(int count, TarqDlnaResMetadata* records) {
+  mpoPresent = false;
+  const int index = pickMpo(count, records);
+  if (index == -1) return selectPhotoResIndex(count, records);
+  if (equals(records[index].mimeType.c_str(), "image/jpeg")) records[index].format = "MPO";
+  return index;
+}

@@ -1,0 +1,132 @@
+#include "TarqDlnaResSelection.h"
+
+#include <cstdlib>
+#include <cstring>
+
+#include "TextMatch.h"
+#include "VideoProfileTables.h"
+#include "VondNameValueList.h"
+#include "VondProtocolInfo.h"
+
+namespace {
+
+const char* attribute(const TARQ_Object* object, unsigned int index, const char* name) {
+  return plainText(TARQ_Object_GetAttributeValue(object, cdsText("res"), index, cdsText(name)));
+}
+
+// Decimal digits as C's atoi reads them, wrapping around instead of overflowing.
+int32_t toInteger(const char* text) {
+  return static_cast<int32_t>(static_cast<uint32_t>(std::strtoll(text, nullptr, 10)));
+}
+
+// The third protocolInfo field, or what link-protected content wraps into it. False when that does not parse.
+bool readMimeType(const char* contentFormat, VondString& mimeType) {
+  if (contentFormat == nullptr) return true;
+  if (std::strstr(contentFormat, "CONTENTFORMAT") == nullptr) {
+    mimeType = contentFormat;
+    return true;
+  }
+  const VondPI4thField parameters(contentFormat);
+  if (!parameters.IsValid()) return false;
+  mimeType = parameters.GetParameter("CONTENTFORMAT");
+  return true;
+}
+
+// Music and video outrank photos; between those two the later element decides.
+int mediaKind(const TarqDlnaResMetadata* records, int lastClassified) {
+  for (int i = lastClassified; i >= 0; --i) {
+    const int category = records[i].category;
+    if (category == kCategoryMusic || category == kCategoryVideo) return category;
+  }
+  return kCategoryPhoto;
+}
+
+}  // namespace
+
+int TarqDlnaResSelection::getFileExtension(const char* url, VondString& extension) {
+  const char* segment = std::strrchr(url, '/');
+  if (segment == nullptr) return -1;
+  const char* dot = std::strchr(segment, '.');
+  if (dot == nullptr) {
+    extension = "";
+    return 0;
+  }
+  extension = VondString(dot + 1, std::strcspn(dot + 1, "?"));
+  return 0;
+}
+
+// False when the element does not parse; the record may then be half filled.
+bool TarqDlnaResSelection::readRecord(const TARQ_Object* object, unsigned int index,
+                                      TarqDlnaResMetadata& record) {
+  const char* protocolInfo = attribute(object, index, "protocolInfo");
+  if (protocolInfo == nullptr || std::strchr(protocolInfo, ':') == nullptr) return false;
+  const char* url = plainText(TARQ_Object_GetPropertyValue(object, cdsText("res"), index));
+  if (url == nullptr) return false;
+  const VondProtocolInfo fields(protocolInfo);
+  if (!fields.IsValid() || !readMimeType(fields.GetField(3), record.mimeType)) return false;
+  getFileExtension(url, record.extension);
+
+  const char* fourthField = fields.GetField(4);
+  if (fourthField == nullptr) return true;  // unclassified, yet its MIME type may still win a contest
+  const VondPI4thField parameters(fourthField);
+  if (!parameters.IsValid()) return false;
+  record.fourthField = fourthField;
+  record.dlnaPn = parameters.GetParameter("DLNA.ORG_PN");
+  record.orsaPn = parameters.GetParameter("ORSA.COM_PN");
+  record.aribPn = parameters.GetParameter("ARIB.OR.JP_PN");
+  const char* converted = parameters.GetParameter("DLNA.ORG_CI");
+  record.notConverted = converted == nullptr || equals(converted, "0");
+
+  record.category =
+      selectMediaCategory(record.mimeType.c_str(), record.extension.c_str(), record.dlnaPn.c_str());
+  if (record.category == kCategoryPhoto || record.category == kCategoryVideo) {
+    record.resolution = attribute(object, index, "resolution");
+  }
+  if (record.category == kCategoryPhoto) {
+    const char* entries = attribute(object, index, "av:mpfEntries");
+    record.mpfEntries = entries == nullptr ? 0 : toInteger(entries);
+    if (record.mpfEntries >= 2) mpoPresent = true;
+  }
+  return true;
+}
+
+// The index of the last element that has a category, or -1.
+int TarqDlnaResSelection::readRecords(const TARQ_Object* object, TarqDlnaResMetadata* records, int count) {
+  int lastClassified = -1;
+  for (int i = 0; i < count; ++i) {
+    if (!readRecord(object, static_cast<unsigned int>(i), records[i])) {
+      records[i] = TarqDlnaResMetadata();  // what does not parse leaves no trace
+    } else if (records[i].category != kCategoryUnknown) {
+      lastClassified = i;
+    }
+  }
+  return lastClassified;
+}
+
+int TarqDlnaResSelection::selectMediaResIndex(const TARQ_Object* object, TarqDlnaResMetadata* records,
+                                              int count, int* selected, int excludeHls) {
+  if (!profilesMapped) maptheProfiles();
+  if (count < 1) return 0;
+  const int lastClassified = readRecords(object, records, count);
+  if (lastClassified == -1) return 0;
+
+  switch (mediaKind(records, lastClassified)) {
+    case kCategoryPhoto:
+      *selected = mpoPresent ? selectPhotoResIndex_MPO(count, records) : selectPhotoResIndex(count, records);
+      break;
+    case kCategoryMusic:
+      *selected = IsWMAContent(count, records) ? selectMusicResIndex_WMA(count, records)
+                                               : selectMusicResIndex(count, records);
+      break;
+    case kCategoryVideo:
+      if (IsWMVContent(count, records)) {
+        *selected = selectVideoResIndex_WMV(count, records);
+      } else if (excludeHls == 0 || !IsM3U8Content(count, records)) {
+        *selected = selectVideoResIndex(count, records);
+      }
+      break;
+    default:
+      break;
+  }
+  return 0;
+}

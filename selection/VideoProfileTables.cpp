@@ -1,0 +1,15 @@
+#include "VideoProfileTables.h"
+
+#include "TarqDlnaResSelection.h"
+
+VondArrayMapT<VondString, int> profileMap(100);
+VondArrayMapT<VondString, int> mimeMap(50);
+bool profilesMapped = false;
+
+void TarqDlnaResSelection::maptheProfiles() {
+  int number = 0;
+  for (const VideoProfileRow& row : videoProfileTable) profileMap.put(row.profile, ++number);
+  int position = 0;
+  for (const char* mimeType : videoMimeTypes) mimeMap.put(mimeType, ++position);
+  profilesMapped = true;
+}

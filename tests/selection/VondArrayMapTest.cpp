@@ -1,0 +1,95 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <vector>
+
+#include "TarqDlnaResSelection.h"
+#include "VideoProfileTables.h"
+#include "VondArrayMap.h"
+#include "VondString.h"
+
+using Entry = VondMapEntryT<VondString, int>;
+using testing::ElementsAre;
+
+namespace {
+
+std::vector<int> valuesOf(VondArrayListT<Entry>& list) {
+  std::vector<int> values;
+  const std::unique_ptr<VondArrayListIteratorT<Entry>> it(list.iterator());
+  while (it->hasNext()) values.push_back(it->next().value);
+  EXPECT_FALSE(it->remove());
+  return values;
+}
+
+TEST(VondArrayList, GrowsByOnePastItsReserve) {
+  VondArrayListT<Entry> list;
+  EXPECT_TRUE(list.growCapacity(2) && list.capacity() == 2);
+  for (int i = 1; i <= 3; ++i) EXPECT_TRUE(list.add({"key that does not fit into the string itself", i}));
+  EXPECT_EQ(list.capacity(), 3);
+  EXPECT_TRUE(list.growCapacity(1));
+  EXPECT_EQ(list.capacity(), 3);
+}
+
+TEST(VondArrayList, RemovesWithinItsBoundsOnly) {
+  VondArrayListT<Entry> list;
+  EXPECT_TRUE(valuesOf(list).empty());
+  for (int i = 1; i <= 5; ++i) list.add({"a long key, so that moving it means something", i});
+  EXPECT_FALSE(list.removeAt(5));
+  EXPECT_FALSE(list.removeAt(-1));
+  EXPECT_TRUE(list.removeAt(0));
+  EXPECT_THAT(valuesOf(list), ElementsAre(2, 3, 4, 5));
+  EXPECT_TRUE(list.removeAt(1, 2));
+  EXPECT_THAT(valuesOf(list), ElementsAre(2, 5));
+  EXPECT_STREQ(list.get(1).key.c_str(), "a long key, so that moving it means something");
+}
+
+TEST(VondArrayList, FindsByKeyAndValue) {
+  VondArrayListT<Entry> list;
+  list.add({"a", 1});
+  EXPECT_EQ(list.indexOf({"a", 2}), -1);
+  EXPECT_TRUE(list.contains({"a", 1}));
+  EXPECT_FALSE(list.remove({"b", 1}));
+  Entry out{"before", 7};
+  EXPECT_FALSE(list.get(1, &out) || list.get(-1, &out) || list.get(0, nullptr));
+  EXPECT_TRUE(list.get(0, &out) && out == (Entry{"a", 1}));
+  EXPECT_TRUE(list.get(0, &list.get(0)));
+}
+
+TEST(VondArrayMap, PutNeverOverwrites) {
+  VondArrayMapT<VondString, int> map;
+  EXPECT_EQ(map.get(VondString("absent")), 0);
+  EXPECT_TRUE(map.put("a", 1));
+  EXPECT_FALSE(map.put("a", 2));
+  EXPECT_TRUE(map.put("A", 3));
+  EXPECT_EQ(map.get(VondString("a")), 1);
+  EXPECT_TRUE(map.containsValue(3) && !map.containsValue(2));
+  const int* value = nullptr;
+  EXPECT_FALSE(map.get("b", value));
+  EXPECT_EQ(value, nullptr);
+  EXPECT_TRUE(map.get("A", value) && *value == 3);
+  EXPECT_TRUE(map.remove("a") && !map.remove("a") && map.size() == 1);
+}
+
+TEST(VondArrayMap, ListsKeysAndValuesInOrder) {
+  VondArrayMapT<VondString, int> map;
+  VondArrayListT<VondString> keys;
+  VondArrayListT<int> values;
+  EXPECT_TRUE(map.getKeys(keys) && keys.isEmpty());
+  map.put("z", 1);
+  map.put("a", 2);
+  EXPECT_TRUE(map.getKeys(keys) && map.getValues(values));
+  EXPECT_TRUE(keys.indexOf("z") == 0 && keys.indexOf("a") == 1 && values.indexOf(2) == 1);
+}
+
+TEST(VideoProfileMaps, AreFilledOnceAndNumberedFromOne) {
+  TarqDlnaResSelection::maptheProfiles();
+  TarqDlnaResSelection::maptheProfiles();
+  EXPECT_TRUE(profileMap.size() == 63 && mimeMap.size() == 28);
+  EXPECT_EQ(profileMap.get(VondString("AVC_TS_HD_24_AC3")), 1);
+  EXPECT_EQ(profileMap.get(VondString("DTCP_SESF_60_L2_T")), 63);
+  EXPECT_EQ(mimeMap.get(VondString("application/vnd.rn-realmedia")), 16);
+  EXPECT_EQ(mimeMap.get(VondString("VIDEO/MPEG")), 0);
+}
+
+}  // namespace

@@ -1,0 +1,28 @@
+#ifndef DIDL_TEXT_H_
+#define DIDL_TEXT_H_
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "TarqCdsAccess.h"
+
+// A DIDL-Lite document with one item that has these `res` elements.
+inline std::string didlText(const std::vector<std::string>& res) {
+  std::string text = "<DIDL-Lite xmlns='urn:schemas-upnp-org:metadata-1-0/DIDL-Lite/'><item id='1'>";
+  for (const std::string& element : res) text += element;
+  return text + "</item></DIDL-Lite>";
+}
+
+// The same, parsed.
+class Didl {
+ public:
+  explicit Didl(const std::vector<std::string>& res)
+      : result_(TARQ_Result_ParseCds(cdsText(didlText(res).c_str())), TARQ_Result_DestroyResult) {}
+  const TARQ_Object* object() const { return TARQ_Result_GetObject(result_.get(), 0); }
+
+ private:
+  std::unique_ptr<TARQ_Result, void (*)(TARQ_Result*)> result_;
+};
+
+#endif  // DIDL_TEXT_H_

@@ -1,0 +1,20 @@
+#include "TarqDmrAccessControl.h"
+
+#include <new>
+
+#include "TarqDmrPlugin.h"
+
+TarqDmrAccessControl* TarqDmrAccessControl::GetInstance() {
+  static constinit TarqDmrAccessControl* instance = nullptr;
+  if (instance == nullptr) instance = new (std::nothrow) TarqDmrAccessControl();
+  return instance;
+}
+
+int TarqDmrAccessControl::CheckAccess(_ACCESS_CHECK_INFO* info) { return dmrEnqueueJAccessCheckSync(info); }
+
+int TarqDmrAccessControl::DeviceNotify(_ACCESS_NOTIFY_INFO* info) {
+  dmrEnqueueJDeviceNotify(info);
+  return 0;
+}
+
+_TarqNetworkAccessControlInterface* GetDeviceNac() { return TarqDmrAccessControl::GetInstance(); }

@@ -1,0 +1,293 @@
+#include "TarqResourceChecker.h"
+
+#include <android/log.h>
+#include <strings.h>
+
+#include <cstring>
+#include <memory>
+#include <new>
+
+#include "TarqCdsAccess.h"
+#include "TarqDlnaResMetadata.h"
+#include "TarqDlnaResSelection.h"
+#include "TarqDmrMediaProfile.h"
+#include "VondMimeType.h"
+#include "VondNameValueList.h"
+#include "VondProtocolInfo.h"
+#include "VondURL.h"
+#include "ZylInet.h"
+
+namespace {
+
+constexpr char kLogTag[] = "Tarq";
+
+const char* orNull(const char* text) { return text == nullptr ? "(null)" : text; }
+
+bool contains(const char* text, const char* part) { return std::strstr(text, part) != nullptr; }
+
+bool isHttp(const char* uri) { return uri != nullptr && strncasecmp(uri, "http://", 7) == 0; }
+
+// What can be accepted from the texts alone; null when nothing can. The order is that of the tests.
+const char* quickMimeType(const char* uri, const char* metadata, bool homeNetwork) {
+  if (!homeNetwork) {
+    if (contains(metadata, "http-get:*:video")) return "video/*";
+    if (contains(metadata, "http-get:*:audio")) return "audio/*";
+  }
+  if (contains(metadata, "http-get:*:application/vnd.apple.mpegURL")) return "application/vnd.apple.mpegURL";
+  if (contains(metadata, "http-get:*:application/x-mpegURL")) return "application/x-mpegURL";
+  if (contains(uri, "m3u8")) return "video/*";
+  if (contains(uri, "mp4") || contains(uri, "flv"))
+    return contains(metadata, "audio/") ? "audio/*" : "video/*";
+  return nullptr;
+}
+
+// RVU content is served by a protocol of its own; a HEAD request would not be answered.
+bool isRvu(const char* metadata) { return metadata != nullptr && contains(metadata, "RVUALLIANCE"); }
+
+int transferModeOf(int category) {
+  switch (category) {
+    case TarqResourceChecker::kPhoto:
+      return 1;
+    case TarqResourceChecker::kMusic:
+    case TarqResourceChecker::kVideo:
+      return 0;
+    default:
+      return 3;
+  }
+}
+
+int resultOfClientError(int clientError) {
+  switch (clientError) {
+    case 0:
+    case 403:
+    case 503:
+      return kAccepted;  // the status decides
+    case kVondHspConnectFailed:
+      return kConnectFailed;
+    case kVondHspNameNotResolved:
+      return kNameNotResolved;
+    case kVondHspTimedOut:
+      return kTimedOut;
+    case kVondHspCancelled:
+      return kRequestCancelled;
+    default:
+      return kServerError;
+  }
+}
+
+int resultOfStatus(int status) {
+  if (status == 503) return kServerBusy;
+  if (status == 403) return kForbidden;
+  return status >= 300 ? kServerError : kAccepted;
+}
+
+class Lock {
+ public:
+  explicit Lock(VondMutex& mutex) : mutex_(mutex) { mutex_.Lock(); }
+  ~Lock() { mutex_.Unlock(); }
+  Lock(const Lock&) = delete;
+  Lock& operator=(const Lock&) = delete;
+
+ private:
+  VondMutex& mutex_;
+};
+
+struct DestroyResult {
+  void operator()(TARQ_Result* result) const { TARQ_Result_DestroyResult(result); }
+};
+
+const char* orEmpty(const char* text) { return text == nullptr ? "" : text; }
+
+// The seek operations that the server declares for a `res` element; empty when it declares none.
+void readOperation(const char* protocolInfo, VondString& operation) {
+  operation = "";
+  if (protocolInfo == nullptr) return;
+  const VondProtocolInfo fields(protocolInfo);
+  if (!fields.IsValid() || fields.GetField(4) == nullptr) return;
+  const VondPI4thField parameters(fields.GetField(4));
+  if (parameters.IsValid()) operation = orEmpty(parameters.GetParameter("DLNA.ORG_OP"));
+}
+
+const char* attribute(const TARQ_Object* object, int index, const char* name) {
+  return plainText(
+      TARQ_Object_GetAttributeValue(object, cdsText("res"), static_cast<unsigned int>(index), cdsText(name)));
+}
+
+// What a row of the media profile table is compared with: the first profile name that the server gave, or,
+// where it gave none, the MIME type; the one for rows with a name, the other for bare MIME rows.
+struct FormatKey {
+  const char* profile;
+  const char* mimeType;
+};
+
+FormatKey formatKeyOf(const char* mimeType, const VondPI4thField& parameters) {
+  if (parameters.IsValid()) {
+    for (const char* name : {"DLNA.ORG_PN", "ORSA.COM_PN", "ARIB.OR.JP_PN"}) {
+      if (const char* profile = parameters.GetParameter(name)) return {profile, nullptr};
+    }
+  }
+  return {nullptr, mimeType};
+}
+
+}  // namespace
+
+TarqResourceChecker::~TarqResourceChecker() { delete ownedFormat_; }
+
+TarqResourceChecker::TarqResource TarqResourceChecker::workingValues() {
+  return {uri_,  mimeType_, additionalInfo_, contentFormat_, resIndex_,
+          size_, duration_, reserved_,       operation_,     ownedFormat_};
+}
+
+int TarqResourceChecker::CheckResource(const char* uri, const char* metadata) {
+  const std::unique_ptr<VondURL> url(VondURL::Parse(uri, nullptr));
+  if (url == nullptr) return checkFully(uri, metadata, nullptr, false);
+
+  const char* host = url->GetHost();
+  uint32_t address = 0;
+  const bool homeNetwork = ZylInetAToN(host, &address) == 0;
+  if (!homeNetwork)
+    __android_log_print(ANDROID_LOG_DEBUG, kLogTag, "\nInternet Content URL %s Request", host);
+  if (metadata != nullptr) {
+    if (const char* mimeType = quickMimeType(uri, metadata, homeNetwork)) return acceptQuickly(uri, mimeType);
+  }
+  return checkFully(uri, metadata, host, homeNetwork);
+}
+
+int TarqResourceChecker::acceptQuickly(const char* uri, const char* mimeType) {
+  result_.uri = uri;
+  result_.mimeType = mimeType;
+  return kAccepted;
+}
+
+int TarqResourceChecker::checkFully(const char* uri, const char* metadata, const char* host,
+                                    bool homeNetwork) {
+  TarqResource resource = workingValues();
+  xMraCategory category = kUnknown;
+  const bool chosen = selectResource(metadata, resource, category) == 0;
+  if (!chosen) resource.uri = uri;
+
+  if (homeNetwork && !isRvu(metadata)) {
+    const int result = getResourceHeader(resource, category);
+    __android_log_print(ANDROID_LOG_DEBUG, kLogTag, "\nHome Network Content URL %s Request", host);
+    if (result != kAccepted) return result;
+  }
+  if (!chosen && getContentFormat(resource) != 0) return kNothingPlayable;
+  return publish(resource);
+}
+
+int TarqResourceChecker::publish(const TarqResource& resource) {
+  delete resource.ownedFormat;
+  resource.ownedFormat = new (std::nothrow) VondString(resource.contentFormat);
+  published_ = {resource.uri,      resource.mimeType, resource.additionalInfo, resource.size,
+                resource.duration, resource.reserved, resource.operation};
+  result_.uri = published_.uri.c_str();
+  result_.mimeType = published_.mimeType.c_str();
+  result_.additionalInfo = published_.additionalInfo.c_str();
+  result_.size = published_.size.c_str();
+  result_.duration = published_.duration.c_str();
+  result_.reserved = published_.reserved.c_str();
+  result_.operation = published_.operation.c_str();
+  return kAccepted;
+}
+
+TarqResourceInfo* TarqResourceChecker::GetResource() {
+  result_.resIndex = resIndex_;
+  result_.contentFormat = ownedFormat_;
+  return &result_;
+}
+
+void TarqResourceChecker::Cancel() {
+  const Lock lock(mutex_);
+  cancelled_ = true;
+  if (client_ != nullptr) client_->Cancel();
+}
+
+// 0: a `res` element was chosen; 1: none.
+int TarqResourceChecker::selectResource(const char* metadata, TarqResource& resource,
+                                        xMraCategory& category) {
+  const std::unique_ptr<TARQ_Result, DestroyResult> result(TARQ_Result_ParseCds(cdsText(metadata)));
+  if (result == nullptr || TARQ_Result_NumOfObjects(result.get()) < 1) return 1;
+  const TARQ_Object* object = TARQ_Result_GetObject(result.get(), 0);
+  const int count = TARQ_Object_NumOfProperties(object, cdsText("res"));
+  if (count < 1) return 1;
+  const std::unique_ptr<TarqDlnaResMetadata[]> records(new (std::nothrow)
+                                                           TarqDlnaResMetadata[static_cast<size_t>(count)]);
+  if (records == nullptr) return 1;
+
+  int selected = -1;
+  TarqDlnaResSelection(region_).selectMediaResIndex(object, records.get(), count, &selected, 0);
+  resource.resIndex = selected;
+  if (selected < 0) {
+    __android_log_print(ANDROID_LOG_DEBUG, kLogTag, "\nRes Not Supported");
+    return 1;
+  }
+  const TarqDlnaResMetadata& record = records[static_cast<size_t>(selected)];
+  resource.uri =
+      plainText(TARQ_Object_GetPropertyValue(object, cdsText("res"), static_cast<unsigned int>(selected)));
+  resource.mimeType = record.mimeType;
+  resource.additionalInfo = record.fourthField;
+  resource.contentFormat = record.format;
+  category = static_cast<xMraCategory>(record.category);
+  __android_log_print(ANDROID_LOG_ERROR, kLogTag, "Selected Res [%d][%s][%s][%s][%s]", selected,
+                      orNull(resource.uri.c_str()), orNull(resource.mimeType.c_str()),
+                      orNull(resource.additionalInfo.c_str()), orNull(resource.contentFormat.c_str()));
+  resource.size = orEmpty(attribute(object, selected, "size"));
+  resource.duration = orEmpty(attribute(object, selected, "duration"));
+  resource.reserved = "";
+  readOperation(attribute(object, selected, "protocolInfo"), resource.operation);
+  return 0;
+}
+
+// Asks the server of `uri`; 0 when the request was sent, whatever came of it.
+int TarqResourceChecker::ask(const char* uri, int transferMode, VondHspDlnaResponse& response,
+                             int& clientError) {
+  {
+    const Lock lock(mutex_);
+    if (cancelled_) return kCancelled;
+    client_ = new (std::nothrow) VondHspClient(true);
+    if (client_ == nullptr) return kNoHttpClient;
+  }
+  VondHspDlnaRequest request;
+  request.EnableGetContentFeatures(true);
+  request.SetTransferMode(transferMode);
+  clientError = client_->Head(uri, request, &response);  // unlocked: `Cancel` must reach the waiting client
+  client_->Close();
+  const Lock lock(mutex_);
+  delete client_;
+  client_ = nullptr;
+  return kAccepted;
+}
+
+int TarqResourceChecker::getResourceHeader(TarqResource& resource, xMraCategory& category) {
+  const char* uri = resource.uri.c_str();
+  if (!isHttp(uri)) return kNotHttp;
+  VondHspDlnaResponse response;
+  int clientError = 0;
+  if (const int refused = ask(uri, transferModeOf(category), response, clientError)) return refused;
+
+  if (clientError != 0) {
+    __android_log_print(ANDROID_LOG_DEBUG, kLogTag, "\nHTTP HEAD FAILED (%d) %s", clientError, uri);
+  }
+  if (const int failed = resultOfClientError(clientError)) return failed;
+  if (const int refused = resultOfStatus(response.GetStatusCode())) return refused;
+  if (response.GetContentType() != nullptr) resource.mimeType = response.GetContentType();
+  resource.additionalInfo = orEmpty(response.GetContentFeatures());
+  return kAccepted;
+}
+
+// The format group by the server's answer: 0 found, 1 not found.
+int TarqResourceChecker::getContentFormat(const TarqResource& resource) {
+  const char* mimeType = resource.mimeType.c_str();
+  if (mimeType == nullptr || !VondMimeType(mimeType).IsValid()) return 1;
+  const VondPI4thField parameters(orEmpty(resource.additionalInfo.c_str()));
+  const FormatKey key = formatKeyOf(mimeType, parameters);
+
+  TarqDmrMediaProfileTableIterator rows;
+  while (const TarqDmrMediaProfile* row = rows.Next()) {
+    const char* wanted = row->pnName != nullptr ? key.profile : key.mimeType;
+    if (wanted == nullptr || std::strncmp(row->profile, wanted, 1024) != 0) continue;
+    resource.contentFormat = row->formatGroup;
+    return 0;
+  }
+  return 1;
+}

@@ -1,0 +1,84 @@
+#ifndef TARQ_RESOURCE_CHECKER_H_
+#define TARQ_RESOURCE_CHECKER_H_
+
+#include "TarqResourceCheckerInterface.h"
+#include "VondHspClient.h"
+#include "VondMutex.h"
+#include "VondString.h"
+
+// Decides whether a URI with its metadata can be played, and what exactly to play of it: from the texts alone
+// for Internet and streaming content, by a res selection and a HEAD request for content on the home network.
+// Threads: `Cancel` from any thread at any time; everything else from one. The mutex guards `client` and
+// `cancelled` and nothing else; it is never held while the server is being asked. Owns: all its texts, but
+// for the URI of a quick acceptance, which stays the caller's.
+class TarqResourceChecker final : public TarqResourceCheckerInterface {
+ public:
+  enum xMraCategory { kPhoto = 0, kMusic = 1, kVideo = 2, kUnknown = 3 };
+
+  explicit TarqResourceChecker(int region) : region_(region) {}
+  ~TarqResourceChecker() override;
+  TarqResourceChecker(const TarqResourceChecker&) = delete;
+  TarqResourceChecker& operator=(const TarqResourceChecker&) = delete;
+
+  int CheckResource(const char* uri, const char* metadata) override;
+  TarqResourceInfo* GetResource() override;
+  void Cancel() override;
+
+ private:
+  // The working values of one check, as its steps fill them.
+  struct TarqResource {
+    VondString& uri;
+    VondString& mimeType;
+    VondString& additionalInfo;
+    VondString& contentFormat;
+    int& resIndex;
+    VondString& size;
+    VondString& duration;
+    VondString& reserved;
+    VondString& operation;
+    VondString*& ownedFormat;
+  };
+
+  // The texts of the last accepted full check. Copies: a later check that is refused overwrites the working
+  // values.
+  struct Texts {
+    VondString uri;
+    VondString mimeType;
+    VondString additionalInfo;
+    VondString size;
+    VondString duration;
+    VondString reserved;
+    VondString operation;
+  };
+
+  TarqResource workingValues();
+  int acceptQuickly(const char* uri, const char* mimeType);
+  int checkFully(const char* uri, const char* metadata, const char* host, bool homeNetwork);
+  int publish(const TarqResource& resource);
+
+  int ask(const char* uri, int transferMode, VondHspDlnaResponse& response, int& clientError);
+  int selectResource(const char* metadata, TarqResource& resource, xMraCategory& category);
+  int getResourceHeader(TarqResource& resource, xMraCategory& category);
+  int getContentFormat(const TarqResource& resource);
+
+  const int region_;
+  VondMutex mutex_;
+  VondHspClient* client_ = nullptr;  // of a request in flight
+  bool cancelled_ = false;           // never reset
+
+  VondString uri_;
+  VondString mimeType_;
+  VondString additionalInfo_;
+  VondString contentFormat_;
+  int resIndex_ = -1;
+  VondString size_;
+  VondString duration_;
+  VondString reserved_;
+  VondString operation_;
+
+  Texts published_;
+  TarqResourceInfo result_{};          // the result texts, null until a check sets them
+  VondString* ownedFormat_ = nullptr;  // the copy that `GetResource` hands out
+};
+
+#endif  // TARQ_RESOURCE_CHECKER_H_

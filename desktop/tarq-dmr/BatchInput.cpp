@@ -1,0 +1,56 @@
+#include "BatchInput.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+constexpr size_t kReadBytes = size_t{256} << 10;
+// A NUL after the last line, and a whole vector register that the JSON reader may load from there.
+constexpr size_t kSlackBytes = 32;
+constexpr size_t kMaxBufferBytes = BatchInput::kMaxLineBytes + kReadBytes + kSlackBytes;
+
+}  // namespace
+
+BatchInput::BatchInput(const std::string& path) : file_(path), buffer_(2 * kReadBytes + kSlackBytes) {}
+
+bool BatchInput::fill() {
+  if (atEnd_) return false;
+  makeRoom();
+  const size_t count = file_.read(buffer_.data() + end_, kReadBytes);
+  end_ += count;
+  atEnd_ = count == 0;
+  return !atEnd_ || end_ > begin_ || skipping_;
+}
+
+// What is left is the beginning of one line. It moves to the front, or goes when it is too long already.
+void BatchInput::makeRoom() {
+  std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
+  end_ -= begin_;
+  begin_ = 0;
+  if (end_ > kMaxLineBytes) {
+    skipping_ = true;
+    end_ = 0;
+  }
+  scanned_ = end_;
+  if (buffer_.size() < end_ + kReadBytes + kSlackBytes) {
+    buffer_.resize(std::min(2 * buffer_.size(), kMaxBufferBytes));
+  }
+}
+
+std::optional<InputLine> BatchInput::nextLine() {
+  char* const unscanned = buffer_.data() + scanned_;
+  const auto* newline = static_cast<const char*>(std::memchr(unscanned, '\n', end_ - scanned_));
+  if (newline == nullptr) {
+    scanned_ = end_;
+    if (skipping_) begin_ = end_;
+    if (!atEnd_ || (begin_ == end_ && !skipping_)) return std::nullopt;
+  }
+  const size_t lineEnd = newline == nullptr ? end_ : static_cast<size_t>(newline - buffer_.data());
+  InputLine line{buffer_.data() + begin_, lineEnd - begin_};
+  buffer_[lineEnd] = '\0';
+  begin_ = scanned_ = std::min(lineEnd + 1, end_);
+  if (skipping_ || line.length > kMaxLineBytes) line.text = nullptr;
+  skipping_ = false;
+  return line;
+}

@@ -1,0 +1,21 @@
+#ifndef TARQ_DMR_BATCH_LINE_H_
+#define TARQ_DMR_BATCH_LINE_H_
+
+#include <cstdint>
+
+#include "BatchInput.h"
+
+// What one line of a batch asks for. The texts lie in the line itself.
+struct BatchRequest {
+  const char* problem = nullptr;  // what is wrong with the line, a constant text; null: nothing
+  const char* uri = nullptr;
+  const char* metadata = nullptr;  // null: none
+  int32_t region = 0;
+};
+
+// Reads {"uri":"…","metadata":"…" or null,"region":N}; metadata and region may be missing, other keys are
+// ignored, and of two equal keys the last counts. The line is read in place: no memory is needed, and the
+// line's bytes are changed.
+BatchRequest parseBatchLine(const InputLine& line, int32_t defaultRegion);
+
+#endif  // TARQ_DMR_BATCH_LINE_H_

@@ -1,0 +1,79 @@
+#include "BatchOutput.h"
+
+#include <poll.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#include "Commands.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr size_t kPieceBytes = size_t{256} << 10;
+constexpr auto kFlushInterval = 100ms;
+constexpr auto kProgressInterval = 200ms;
+
+void writeAll(std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t count = ::write(STDOUT_FILENO, text.data(), text.size());
+    if (count >= 0) {
+      text.remove_prefix(static_cast<size_t>(count));
+    } else if (errno == EAGAIN) {  // another program made the shared pipe non-blocking
+      pollfd output{STDOUT_FILENO, POLLOUT, 0};
+      ::poll(&output, 1, -1);
+    } else if (errno != EINTR) {
+      throw CommandError(std::string("cannot write the results: ") + std::strerror(errno));
+    }
+  }
+}
+
+}  // namespace
+
+BatchOutput::BatchOutput()
+    : flushed_(Clock::now()),
+      started_(flushed_),
+      shown_(flushed_),
+      showsProgress_(::isatty(STDERR_FILENO) == 1),
+      answersOnTerminal_(::isatty(STDOUT_FILENO) == 1) {}
+
+BatchOutput::~BatchOutput() {
+  if (!showsProgress_) return;
+  showProgress(Clock::now());
+  std::fputc('\n', stderr);
+}
+
+void BatchOutput::addLine(std::string_view answer) {
+  pending_ += answer;
+  pending_ += '\n';
+  ++lines_;
+  const Clock::time_point now = Clock::now();
+  if (pending_.size() >= kPieceBytes || now - flushed_ >= kFlushInterval) flush();
+  if (showsProgress_ && now - shown_ >= kProgressInterval) showProgress(now);
+}
+
+void BatchOutput::flush() {
+  if (pending_.empty()) return;
+  if (answersOnTerminal_) hideProgress();
+  writeAll(pending_);
+  pending_.clear();
+  if (pending_.capacity() > 4 * kPieceBytes) pending_.shrink_to_fit();  // after a very long answer
+  flushed_ = Clock::now();
+}
+
+void BatchOutput::showProgress(Clock::time_point now) {
+  const double seconds = std::chrono::duration<double>(now - started_).count();
+  const double perSecond = seconds > 0 ? static_cast<double>(lines_) / seconds : 0;
+  std::fprintf(stderr, "\r\033[K%zu lines, %.0f per second", lines_, perSecond);
+  progressVisible_ = true;
+  shown_ = now;
+}
+
+void BatchOutput::hideProgress() {
+  if (!progressVisible_) return;
+  std::fputs("\r\033[K", stderr);
+  progressVisible_ = false;
+}

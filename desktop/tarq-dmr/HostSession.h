@@ -1,0 +1,27 @@
+#ifndef TARQ_DMR_HOST_SESSION_H_
+#define TARQ_DMR_HOST_SESSION_H_
+
+#include <array>
+#include <cstring>
+#include <memory>
+#include <string>
+
+#include "Commands.h"
+#include "TarqDmrPluginManager.h"
+
+inline constexpr std::array kLogLevels = {"debug", "info", "warn", "error", "silent"};
+
+// Sets the log level and loads the plug-in, which stays loaded until the process ends. Call it once.
+// Throws CommandError when there is no such plug-in or when it lacks an export.
+TarqDmrPluginManager& openHost(const HostOptions& options);
+
+// A checker for the current region. Throws std::bad_alloc when the plug-in has no memory for it.
+std::unique_ptr<TarqResourceCheckerInterface> newChecker(TarqDmrParamsInterface& params);
+
+// A text of the information record; one that fills its field has no NUL.
+template <size_t N>
+std::string recordText(const char (&field)[N]) {
+  return {field, strnlen(field, N)};
+}
+
+#endif  // TARQ_DMR_HOST_SESSION_H_

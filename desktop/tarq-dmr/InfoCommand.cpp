@@ -1,0 +1,149 @@
+#include <cstdio>
+#include <string>
+#include <variant>
+
+#include "Commands.h"
+#include "HostSession.h"
+#include "JsonText.h"
+#include "TextOutput.h"
+
+namespace {
+
+using SettingValue = std::variant<const char*, int, bool>;
+
+template <class Interface>
+struct Setting {
+  const char* name;
+  SettingValue (*read)(Interface&);
+};
+
+using Device = TarqDmrSpecInterface;
+constexpr Setting<Device> kDeviceSettings[] = {
+    {"osName", [](Device& d) -> SettingValue { return d.GetOsName(); }},
+    {"osVersion", [](Device& d) -> SettingValue { return d.GetOsVersion(); }},
+    {"productName", [](Device& d) -> SettingValue { return d.GetProductName(); }},
+    {"productVersion", [](Device& d) -> SettingValue { return d.GetProductVersion(); }},
+    {"productCompany", [](Device& d) -> SettingValue { return d.GetProductCompany(); }},
+    {"documentRoot", [](Device& d) -> SettingValue { return d.GetDocumentRoot(); }},
+    {"descriptionUrl", [](Device& d) -> SettingValue { return d.GetDescriptionUrl(); }},
+    {"xavAv", [](Device& d) -> SettingValue { return d.GetXav_Av(); }},
+    {"xavHn", [](Device& d) -> SettingValue { return d.GetXav_Hn(); }},
+    {"xavCn", [](Device& d) -> SettingValue { return d.GetXav_Cn(); }},
+    {"xavMn", [](Device& d) -> SettingValue { return d.GetXav_Mn(); }},
+    {"xavMv", [](Device& d) -> SettingValue { return d.GetXav_Mv(); }},
+    {"xavPa", [](Device& d) -> SettingValue { return d.GetXav_Pa(); }},
+    {"xavPl", [](Device& d) -> SettingValue { return d.GetXav_Pl(); }},
+    {"portNumber", [](Device& d) -> SettingValue { return d.GetPortNumber(); }},
+    {"defaultFriendlyName", [](Device& d) -> SettingValue { return d.GetDefaultFriendlyName(); }},
+    {"defaultUdnFormat", [](Device& d) -> SettingValue { return d.GetDefaultUdnFormat(); }},
+    {"defaultNwIf", [](Device& d) -> SettingValue { return d.GetDefaultNwIf(); }},
+    {"defaultRegModeAuto", [](Device& d) -> SettingValue { return d.GetDefaultRegModeAuto(); }},
+    {"allowedListMax", [](Device& d) -> SettingValue { return d.GetAllowedListMax(); }},
+    {"deniedListMax", [](Device& d) -> SettingValue { return d.GetDeniedListMax(); }},
+    {"pendingListMax", [](Device& d) -> SettingValue { return d.GetPendingListMax(); }},
+};
+
+using ControlPoint = TarqDmrCpParamsInterface;
+constexpr Setting<ControlPoint> kControlPointSettings[] = {
+    {"xavAv", [](ControlPoint& c) -> SettingValue { return c.GetXav_Av(); }},
+    {"xavHn", [](ControlPoint& c) -> SettingValue { return c.GetXav_Hn(); }},
+    {"xavCn", [](ControlPoint& c) -> SettingValue { return c.GetXav_Cn(); }},
+    {"xavMn", [](ControlPoint& c) -> SettingValue { return c.GetXav_Mn(); }},
+    {"xavMv", [](ControlPoint& c) -> SettingValue { return c.GetXav_Mv(); }},
+    {"xavPa", [](ControlPoint& c) -> SettingValue { return c.GetXav_Pa(); }},
+    {"xavPl", [](ControlPoint& c) -> SettingValue { return c.GetXav_Pl(); }},
+    {"nacAllowedMax", [](ControlPoint& c) -> SettingValue { return c.GetNacAllowedMax(); }},
+    {"nacDeniedMax", [](ControlPoint& c) -> SettingValue { return c.GetNacDeniedMax(); }},
+    {"nacPendingMax", [](ControlPoint& c) -> SettingValue { return c.GetNacPendingMax(); }},
+    {"queueSize", [](ControlPoint& c) -> SettingValue { return c.GetQueueSize(); }},
+    {"concurrentExec", [](ControlPoint& c) -> SettingValue { return c.GetConcurrentExec(); }},
+    {"poolSizeMin", [](ControlPoint& c) -> SettingValue { return c.GetPoolSizeMin(); }},
+    {"poolSizeMax", [](ControlPoint& c) -> SettingValue { return c.GetPoolSizeMax(); }},
+    {"poolTimeout", [](ControlPoint& c) -> SettingValue { return c.GetPoolTimeout(); }},
+    {"commandListLimit", [](ControlPoint& c) -> SettingValue { return c.GetCommandListLimit(); }},
+    {"initialDeviceListSize", [](ControlPoint& c) -> SettingValue { return c.GetInitialDeviceListSize(); }},
+    {"soapNum", [](ControlPoint& c) -> SettingValue { return c.GetSoapNum(); }},
+    {"eventPort", [](ControlPoint& c) -> SettingValue { return c.GetEventPort(); }},
+};
+
+constexpr int kNameWidth = 21;  // of the longest name
+
+void printSetting(const char* name, const SettingValue& value) {
+  if (const auto* number = std::get_if<int>(&value)) {
+    printRow(name, kNameWidth, std::to_string(*number).c_str());
+  } else if (const auto* flag = std::get_if<bool>(&value)) {
+    printRow(name, kNameWidth, *flag ? "true" : "false");
+  } else {
+    printRow(name, kNameWidth, std::get<const char*>(value));
+  }
+}
+
+template <class Interface, size_t N>
+void printSettings(const char* heading, const Setting<Interface> (&settings)[N], Interface& from) {
+  std::printf("\n%s\n", heading);
+  for (const auto& setting : settings) printSetting(setting.name, setting.read(from));
+}
+
+void printPlugin(const PluginInfo& info) {
+  const auto& v = info.version;
+  const std::string version = std::to_string(v[0]) + "." + std::to_string(v[1]) + "." + std::to_string(v[2]);
+  std::printf("Plug-in\n");
+  printRow("version", kNameWidth, version.c_str());
+  printRow("company", kNameWidth, recordText(info.company).c_str());
+  printRow("product", kNameWidth, recordText(info.product).c_str());
+  printRow("description", kNameWidth, recordText(info.description).c_str());
+}
+
+template <class Interface, size_t N>
+void writeSettings(JsonText& json, const char* key, const Setting<Interface> (&settings)[N],
+                   Interface& from) {
+  json.key(key);
+  json.openObject();
+  for (const auto& setting : settings) {
+    json.key(setting.name);
+    std::visit([&json](auto value) { json.value(value); }, setting.read(from));
+  }
+  json.closeObject();
+}
+
+void writePlugin(JsonText& json, const PluginInfo& info) {
+  json.key("plugin");
+  json.openObject();
+  json.key("version");
+  json.openArray();
+  for (const int32_t number : info.version) json.value(number);
+  json.closeArray();
+  const auto text = [&json](const char* key, const std::string& value) {
+    json.key(key);
+    json.value(value.c_str());
+  };
+  text("company", recordText(info.company));
+  text("product", recordText(info.product));
+  text("description", recordText(info.description));
+  json.closeObject();
+}
+
+void printJson(const PluginInfo& info, Device& device, ControlPoint& controlPoint) {
+  JsonText json;
+  json.openObject();
+  writePlugin(json, info);
+  writeSettings(json, "device", kDeviceSettings, device);
+  writeSettings(json, "controlPoint", kControlPointSettings, controlPoint);
+  json.closeObject();
+  std::puts(json.text().c_str());
+}
+
+}  // namespace
+
+int runInfo(const InfoOptions& options) {
+  TarqDmrPluginManager& host = openHost(options.host);
+  const PluginInfo& info = *host.GetPluginInfo();
+  if (options.json) {
+    printJson(info, *host.GetSpec(), *host.GetCpParams());
+  } else {
+    printPlugin(info);
+    printSettings("Device settings", kDeviceSettings, *host.GetSpec());
+    printSettings("Control-point parameters", kControlPointSettings, *host.GetCpParams());
+  }
+  return kExitOk;
+}

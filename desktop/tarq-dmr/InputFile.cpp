@@ -1,0 +1,34 @@
+#include "InputFile.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "Commands.h"
+
+InputFile::InputFile(const std::string& path)
+    : path_(path), descriptor_(path == "-" ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
+  if (descriptor_ < 0) fail();
+}
+
+InputFile::~InputFile() {
+  if (descriptor_ != STDIN_FILENO) ::close(descriptor_);
+}
+
+size_t InputFile::read(char* to, size_t capacity) {
+  for (;;) {
+    const ssize_t count = ::read(descriptor_, to, capacity);
+    if (count >= 0) return static_cast<size_t>(count);
+    if (errno == EAGAIN) {  // another program made the shared pipe non-blocking
+      pollfd input{descriptor_, POLLIN, 0};
+      ::poll(&input, 1, -1);
+    } else if (errno != EINTR) {
+      fail();
+    }
+  }
+}
+
+void InputFile::fail() const { throw CommandError("cannot read " + path_ + ": " + std::strerror(errno)); }

@@ -1,0 +1,7 @@
+#ifndef TARQ_DMR_RESULT_TEXT_H_
+#define TARQ_DMR_RESULT_TEXT_H_
+
+// A result code of a check in words, never null.
+const char* describe(int resultCode);
+
+#endif  // TARQ_DMR_RESULT_TEXT_H_

@@ -1,0 +1,22 @@
+#include <cstdio>
+#include <string_view>
+
+#include "Commands.h"
+#include "HostSession.h"
+#include "SinkEntries.h"
+
+int runSink(const SinkOptions& options) {
+  TarqDmrParamsInterface& params = *openHost(options.host).GetParams();
+  params.SetCurrentRegion(options.region);
+  const char* sink = params.GetSinkProtocolInfo();
+  if (options.raw) {
+    std::puts(sink);
+    return kExitOk;
+  }
+  const auto entries = splitSink(sink);
+  for (const std::string_view entry : entries) {
+    std::printf("%.*s\n", static_cast<int>(entry.size()), entry.data());
+  }
+  std::printf("%zu entries\n", entries.size());
+  return kExitOk;
+}

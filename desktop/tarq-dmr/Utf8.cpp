@@ -1,0 +1,56 @@
+#include "Utf8.h"
+
+#include <cstdint>
+#include <cstring>
+
+namespace {
+
+// Bytes of the character that `text` (not empty) begins with; 0: no valid one.
+size_t characterLength(std::string_view text) {
+  const auto byte = [&](size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0u; };
+  const auto continues = [&](size_t i) { return (byte(i) & 0xC0u) == 0x80u; };
+  const unsigned lead = byte(0);
+  if (lead < 0x80) return 1;
+  if (lead < 0xC2 || lead > 0xF4 || !continues(1)) return 0;
+  if (lead < 0xE0) return 2;
+  if (!continues(2)) return 0;
+  const unsigned second = byte(1);
+  if (lead < 0xF0) return (lead == 0xE0 && second < 0xA0) || (lead == 0xED && second > 0x9F) ? 0 : 3;
+  if ((lead == 0xF0 && second < 0x90) || (lead == 0xF4 && second > 0x8F)) return 0;
+  return continues(3) ? 4 : 0;
+}
+
+// Bytes before the first one above 0x7F, sixteen at a time: nearly all texts are plain ASCII.
+size_t asciiLength(std::string_view text) {
+  constexpr uint64_t kHighBits = 0x8080808080808080u;
+  size_t length = 0;
+  for (; length + 16 <= text.size(); length += 16) {
+    uint64_t words[2];
+    std::memcpy(words, text.data() + length, sizeof words);
+    if (((words[0] | words[1]) & kHighBits) != 0) break;
+  }
+  while (length < text.size() && static_cast<unsigned char>(text[length]) < 0x80) ++length;
+  return length;
+}
+
+}  // namespace
+
+bool isValidUtf8(std::string_view text) {
+  for (;;) {
+    text.remove_prefix(asciiLength(text));
+    if (text.empty()) return true;
+    const size_t length = characterLength(text);
+    if (length == 0) return false;
+    text.remove_prefix(length);
+  }
+}
+
+std::string repairUtf8(std::string_view text) {
+  std::string repaired;
+  while (!text.empty()) {
+    const size_t length = characterLength(text);
+    repaired += length == 0 ? std::string_view("\uFFFD") : text.substr(0, length);
+    text.remove_prefix(length == 0 ? 1 : length);
+  }
+  return repaired;
+}

@@ -1,0 +1,184 @@
+#include <CLI/CLI.hpp>
+#include <charconv>
+#include <csignal>
+#include <cstdio>
+#include <functional>
+
+#include "Commands.h"
+#include "HostSession.h"
+
+namespace {
+
+constexpr const char* kExitCodes =
+    "Exit codes: 0 accepted or done, 1 refused, 2 wrong usage, unreadable file or unusable plug-in.";
+constexpr const char* kRegionHelp =
+    "The region is a set of bits, decimal or 0x..., signed 32 bits; the host sets it to say where the\n"
+    "renderer is sold. It decides which media profiles are offered and which resources play; exactly 16\n"
+    "adds RealMedia. Default 0: only what every region has.\n\n";
+
+// What the command line holds, with its defaults, and the command to run.
+struct CommandLine {
+  InfoOptions info;
+  SinkOptions sink;
+  CheckOptions check;
+  BatchOptions batch;
+  DemoOptions demo;
+  std::function<int()> run;
+};
+
+bool parseRegion(std::string_view text, int32_t* region) {
+  const bool negative = text.starts_with('-');
+  if (negative) text.remove_prefix(1);
+  const bool hex = text.starts_with("0x") || text.starts_with("0X");
+  if (hex) text.remove_prefix(2);
+  uint32_t magnitude = 0;
+  const char* end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, magnitude, hex ? 16 : 10);
+  const uint32_t limit = (uint32_t{1} << 31) - (negative ? 0 : 1);
+  if (error != std::errc() || stop != end || magnitude > limit) return false;
+  *region = static_cast<int32_t>(negative ? -int64_t{magnitude} : int64_t{magnitude});
+  return true;
+}
+
+void addRegion(CLI::App& command, int32_t& region) {
+  const auto store = [&region](const std::string& text) {
+    if (!parseRegion(text, &region)) throw CLI::ValidationError("--region", "no 32-bit integer: " + text);
+  };
+  command.add_option_function<std::string>("--region", store, "Region to check for (default 0)")
+      ->type_name("N");
+}
+
+// A command with what all commands have in common.
+CLI::App& addCommand(CLI::App& app, const char* name, const char* description, HostOptions& host,
+                     const std::string& help) {
+  CLI::App& command = *app.add_subcommand(name, description);
+  command
+      .add_option("--plugin", host.pluginPath,
+                  "Plug-in library (default: the one installed with this program)")
+      ->type_name("PATH");
+  command.add_option("--log", host.logLevel, "Log lines to show: debug, info, warn, error or silent")
+      ->type_name("LEVEL")
+      ->check(CLI::IsMember(std::vector<std::string>(kLogLevels.begin(), kLogLevels.end())).description(""));
+  command.footer(help + kExitCodes);
+  return command;
+}
+
+void addInfo(CLI::App& app, CommandLine& line) {
+  CLI::App& command = addCommand(app, "info", "Show the plug-in's record and settings", line.info.host,
+                                 "Examples:\n"
+                                 "  tarq-dmr info\n"
+                                 "  tarq-dmr info --json\n\n");
+  command.add_flag("--json", line.info.json, "One JSON object");
+  command.callback([&line] { line.run = [&line] { return runInfo(line.info); }; });
+}
+
+void addSink(CLI::App& app, CommandLine& line) {
+  CLI::App& command = addCommand(app, "sink", "List what the renderer says it can play", line.sink.host,
+                                 "Examples:\n"
+                                 "  tarq-dmr sink --region 1\n"
+                                 "  tarq-dmr sink --region 0x10 --raw\n\n" +
+                                     std::string(kRegionHelp));
+  addRegion(command, line.sink.region);
+  command.add_flag("--raw", line.sink.raw, "The exact SinkProtocolInfo text and a newline");
+  command.callback([&line] { line.run = [&line] { return runSink(line.sink); }; });
+}
+
+constexpr const char* kCheckHelp =
+    "Examples:\n"
+    "  tarq-dmr check http://192.168.0.2:8200/MediaItems/23.mpg --metadata item.xml --region 1\n"
+    "  tarq-dmr check http://192.168.0.2:8200/MediaItems/23.mpg --metadata - --json < item.xml\n"
+    "  tarq-dmr check --batch items.ndjson --jobs 8 > results.ndjson\n\n"
+    "A batch line is {\"uri\":\"...\",\"metadata\":\"...\" or null,\"region\":N}; metadata and region\n"
+    "may be missing. Each line is answered by one JSON line, in the order of the input:\n"
+    "{\"code\":0,...what to play...} when accepted, {\"code\":N,\"message\":\"...\"} when refused, with the\n"
+    "code -1 when the line is no valid input. A batch that was read to its end exits with 0. It shows no\n"
+    "log lines unless --log is given.\n\n";
+
+void addCheck(CLI::App& app, CommandLine& line) {
+  CLI::App& command = addCommand(app, "check", "Check what can be played of a resource", line.check.host,
+                                 std::string(kCheckHelp) + kRegionHelp);
+  addRegion(command, line.check.region);
+  command.add_flag("--json", line.check.json, "One JSON line (a batch always writes JSON)");
+  auto* uri = command.add_option("uri", line.check.uri, "The URI to play");
+  auto* metadata =
+      command.add_option("--metadata", line.check.metadataFile, "DIDL-Lite of the item; - is standard input")
+          ->type_name("FILE");
+  auto* batch =
+      command.add_option("--batch", line.batch.file, "Check every line of FILE; - is standard input")
+          ->type_name("FILE")
+          ->excludes(uri)
+          ->excludes(metadata);
+  command.add_option("--jobs", line.batch.jobs, "Checks of a batch at once, 1 to 64 (default 1)")
+      ->type_name("N")
+      ->check(CLI::Range(1, 64).description(""))
+      ->needs(batch);
+  command.callback([&line, &command, uri, batch] {
+    if (uri->count() + batch->count() == 0) throw CLI::RequiredError("a URI or --batch");
+    line.batch.host = line.check.host;
+    if (command.count("--log") == 0) line.batch.host.logLevel = "silent";
+    line.batch.region = line.check.region;
+    if (batch->count() != 0) {
+      line.run = [&line] { return runBatch(line.batch); };
+    } else {
+      line.run = [&line] { return runCheck(line.check); };
+    }
+  });
+}
+
+void addDemo(CLI::App& app, CommandLine& line) {
+  CLI::App& command = addCommand(
+      app, "demo", "Show one whole request against a media server of its own", line.demo.host,
+      "Example:\n"
+      "  tarq-dmr demo --log debug\n\n"
+      "Nothing leaves this computer. Fails with 1 when a step does not come out as it should.\n\n");
+  line.demo.host.logLevel = "silent";
+  command.callback([&line] { line.run = [&line] { return runDemo(line.demo); }; });
+}
+
+std::string usageError(const CLI::App*, const CLI::Error& error) {
+  return std::string("tarq-dmr: ") + error.what() + " (--help tells more)\n";
+}
+
+int runCommandLine(int argc, char** argv) {
+  CommandLine line;
+  CLI::App app("Loads a DLNA renderer plug-in and uses it as the host of a renderer would.", "tarq-dmr");
+  app.set_version_flag("--version", "tarq-dmr " TARQ_DMR_VERSION);
+  app.footer(std::string(
+                 "Examples:\n"
+                 "  tarq-dmr demo\n"
+                 "  tarq-dmr check http://192.168.0.2:8200/MediaItems/23.mpg --metadata item.xml --region 1\n"
+                 "  tarq-dmr COMMAND --help\n\n") +
+             kExitCodes);
+  app.failure_message(usageError);
+  addInfo(app, line);
+  addSink(app, line);
+  addCheck(app, line);
+  addDemo(app, line);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? kExitOk : kExitUsage;
+  }
+  if (line.run) return line.run();
+  std::fputs(app.help().c_str(), stderr);
+  return kExitUsage;
+}
+
+// Results that a full disk swallowed must not look like success.
+void flushResults() {
+  if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) throw CommandError("cannot write the results");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::signal(SIGPIPE, SIG_DFL);  // who stops reading the results ends the program, quietly
+  try {
+    const int exitCode = runCommandLine(argc, argv);
+    flushResults();
+    return exitCode;
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "tarq-dmr: %s\n", error.what());
+    return kExitUsage;
+  }
+}

@@ -1,0 +1,2 @@
+extern "C" int GetSomethingElse();
+int GetSomethingElse() { return 0; }

@@ -1,0 +1,89 @@
+#ifndef TARQ_TESTS_PROGRAM_H_
+#define TARQ_TESTS_PROGRAM_H_
+
+#include <spawn.h>
+#include <sys/mman.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// A file in memory, to feed the program with and to catch what it writes. Closed with its last user.
+class MemoryFile {
+ public:
+  MemoryFile() : descriptor_(::memfd_create("test", MFD_CLOEXEC)) {}
+  ~MemoryFile() { ::close(descriptor_); }
+  MemoryFile(const MemoryFile&) = delete;
+  MemoryFile& operator=(const MemoryFile&) = delete;
+
+  int descriptor() const { return descriptor_; }
+  void append(std::string_view text) const {
+    if (::write(descriptor_, text.data(), text.size()) != static_cast<ssize_t>(text.size())) std::abort();
+  }
+  void rewind() const { ::lseek(descriptor_, 0, SEEK_SET); }
+  std::string content() const {
+    std::string text(static_cast<size_t>(::lseek(descriptor_, 0, SEEK_END)), '\0');
+    if (::pread(descriptor_, text.data(), text.size(), 0) != static_cast<ssize_t>(text.size())) std::abort();
+    return text;
+  }
+
+ private:
+  int descriptor_;
+};
+
+// Starts tarq-dmr with these three files; the caller waits for it.
+inline pid_t startProgram(const std::vector<std::string>& arguments, int in, int out, int err,
+                          const std::string& program = TARQ_DMR_PROGRAM) {
+  std::vector<char*> argv{const_cast<char*>(program.c_str())};
+  for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
+  argv.push_back(nullptr);
+  posix_spawn_file_actions_t files;
+  ::posix_spawn_file_actions_init(&files);
+  ::posix_spawn_file_actions_adddup2(&files, in, STDIN_FILENO);
+  ::posix_spawn_file_actions_adddup2(&files, out, STDOUT_FILENO);
+  ::posix_spawn_file_actions_adddup2(&files, err, STDERR_FILENO);
+  pid_t child = -1;
+  if (::posix_spawn(&child, argv[0], &files, nullptr, argv.data(), environ) != 0) std::abort();
+  ::posix_spawn_file_actions_destroy(&files);
+  return child;
+}
+
+struct Outcome {
+  int exitCode;  // -1: ended by a signal
+  std::string out;
+  std::string err;
+  long maxResidentKiB;
+};
+
+inline Outcome runProgram(const std::vector<std::string>& arguments, const MemoryFile& input) {
+  const MemoryFile out;
+  const MemoryFile err;
+  input.rewind();
+  const pid_t child = startProgram(arguments, input.descriptor(), out.descriptor(), err.descriptor());
+  int status = 0;
+  rusage usage{};
+  ::wait4(child, &status, 0, &usage);
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, out.content(), err.content(), usage.ru_maxrss};
+}
+
+inline Outcome runProgram(const std::vector<std::string>& arguments, std::string_view input = {}) {
+  const MemoryFile file;
+  file.append(input);
+  return runProgram(arguments, file);
+}
+
+inline std::vector<std::string> linesOf(std::string_view text) {
+  std::vector<std::string> lines;
+  while (!text.empty()) {
+    lines.emplace_back(text.substr(0, text.find('\n')));
+    text.remove_prefix(std::min(lines.back().size() + 1, text.size()));
+  }
+  return lines;
+}
+
+#endif  // TARQ_TESTS_PROGRAM_H_

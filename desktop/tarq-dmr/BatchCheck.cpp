@@ -38,7 +38,6 @@ class BatchRun {
 
   bool collect();
   void answerCollected();
-  void answerRun(size_t begin, size_t end);
   void answer(Item& item) noexcept;
   void check(Item& item);
 
@@ -47,8 +46,7 @@ class BatchRun {
   BatchInput input_;
   BatchOutput output_;
   std::vector<Item> items_;
-  size_t count_ = 0;   // of the items collected
-  bool warm_ = false;  // a check has run to its end
+  size_t count_ = 0;  // of the items collected
   OrderedWorkers workers_;
 };
 
@@ -78,17 +76,8 @@ void BatchRun::answerCollected() {
     const int32_t region = items_[begin].request.region;
     for (end = begin + 1; end < count_ && items_[end].request.region == region;) ++end;
     params_.SetCurrentRegion(region);
-    answerRun(begin, end);
+    workers_.run(begin, end);
   }
-}
-
-// The first check of the process fills tables that all others read, so it runs alone.
-void BatchRun::answerRun(size_t begin, size_t end) {
-  for (; begin < end && !warm_; ++begin) {
-    workers_.run(begin, begin + 1);
-    warm_ = items_[begin].request.problem == nullptr;
-  }
-  if (begin < end) workers_.run(begin, end);
 }
 
 void BatchRun::answer(Item& item) noexcept {
@@ -115,9 +104,18 @@ void BatchRun::check(Item& item) {
   }
 }
 
+// The first selection of the process fills tables that all others read, so it ends before any other starts.
+// Without a URL nobody is asked.
+void holdFirstSelection(TarqDmrParamsInterface& params) {
+  newChecker(params)->CheckResource(
+      nullptr, "<DIDL-Lite><item><res protocolInfo='http-get:*:audio/mpeg:*'>a</res></item></DIDL-Lite>");
+}
+
 }  // namespace
 
 int runBatch(const BatchOptions& options) {
-  BatchRun(*openHost(options.host).GetParams(), options).run();
+  TarqDmrParamsInterface& params = *openHost(options.host).GetParams();
+  holdFirstSelection(params);
+  BatchRun(params, options).run();
   return kExitOk;
 }

@@ -1,30 +1,32 @@
 #include "ResultText.h"
 
+#include "TarqResourceCheckerInterface.h"
+
 const char* describe(int resultCode) {
   switch (resultCode) {
-    case 0:
+    case kAccepted:
       return "accepted";
-    case 3:
+    case kNoHttpClient:
       return "no HTTP client could be created";
-    case 5:
+    case kCancelled:
       return "the check was cancelled";
-    case 55100:
+    case kNotHttp:
       return "the URI to probe is absent or no http:// URI";
-    case 55106:
+    case kNothingPlayable:
       return "nothing playable was found";
-    case 55107:
+    case kServerBusy:
       return "the server answered 503";
-    case 55108:
+    case kServerError:
       return "the server answered with an error status or the request failed";
-    case 55200:
+    case kForbidden:
       return "the server answered 403";
-    case 55201:
+    case kNameNotResolved:
       return "the server's name could not be resolved";
-    case 55202:
+    case kConnectFailed:
       return "the server could not be reached";
-    case 55203:
+    case kRequestCancelled:
       return "the request was cancelled";
-    case 55204:
+    case kTimedOut:
       return "the server did not answer in time";
     default:
       return "unknown result code";

@@ -1,12 +1,12 @@
 #include "TarqResourceChecker.h"
 
 #include <android/log.h>
-#include <strings.h>
 
 #include <cstring>
 #include <memory>
 #include <new>
 
+#include "CheckRules.h"
 #include "TarqCdsAccess.h"
 #include "TarqDlnaResMetadata.h"
 #include "TarqDlnaResSelection.h"
@@ -22,64 +22,6 @@ namespace {
 constexpr char kLogTag[] = "Tarq";
 
 const char* orNull(const char* text) { return text == nullptr ? "(null)" : text; }
-
-bool contains(const char* text, const char* part) { return std::strstr(text, part) != nullptr; }
-
-bool isHttp(const char* uri) { return uri != nullptr && strncasecmp(uri, "http://", 7) == 0; }
-
-// What can be accepted from the texts alone; null when nothing can. The order is that of the tests.
-const char* quickMimeType(const char* uri, const char* metadata, bool homeNetwork) {
-  if (!homeNetwork) {
-    if (contains(metadata, "http-get:*:video")) return "video/*";
-    if (contains(metadata, "http-get:*:audio")) return "audio/*";
-  }
-  if (contains(metadata, "http-get:*:application/vnd.apple.mpegURL")) return "application/vnd.apple.mpegURL";
-  if (contains(metadata, "http-get:*:application/x-mpegURL")) return "application/x-mpegURL";
-  if (contains(uri, "m3u8")) return "video/*";
-  if (contains(uri, "mp4") || contains(uri, "flv"))
-    return contains(metadata, "audio/") ? "audio/*" : "video/*";
-  return nullptr;
-}
-
-// RVU content is served by a protocol of its own; a HEAD request would not be answered.
-bool isRvu(const char* metadata) { return metadata != nullptr && contains(metadata, "RVUALLIANCE"); }
-
-int transferModeOf(int category) {
-  switch (category) {
-    case TarqResourceChecker::kPhoto:
-      return 1;
-    case TarqResourceChecker::kMusic:
-    case TarqResourceChecker::kVideo:
-      return 0;
-    default:
-      return 3;
-  }
-}
-
-int resultOfClientError(int clientError) {
-  switch (clientError) {
-    case 0:
-    case 403:
-    case 503:
-      return kAccepted;  // the status decides
-    case kVondHspConnectFailed:
-      return kConnectFailed;
-    case kVondHspNameNotResolved:
-      return kNameNotResolved;
-    case kVondHspTimedOut:
-      return kTimedOut;
-    case kVondHspCancelled:
-      return kRequestCancelled;
-    default:
-      return kServerError;
-  }
-}
-
-int resultOfStatus(int status) {
-  if (status == 503) return kServerBusy;
-  if (status == 403) return kForbidden;
-  return status >= 300 ? kServerError : kAccepted;
-}
 
 class Lock {
  public:
@@ -148,7 +90,9 @@ int TarqResourceChecker::CheckResource(const char* uri, const char* metadata) {
   if (!homeNetwork)
     __android_log_print(ANDROID_LOG_DEBUG, kLogTag, "\nInternet Content URL %s Request", host);
   if (metadata != nullptr) {
-    if (const char* mimeType = quickMimeType(uri, metadata, homeNetwork)) return acceptQuickly(uri, mimeType);
+    if (const QuickTest* test = findQuickTest(uri, metadata, homeNetwork)) {
+      return acceptQuickly(uri, mimeTypeOf(*test, metadata));
+    }
   }
   return checkFully(uri, metadata, host, homeNetwork);
 }
@@ -166,7 +110,7 @@ int TarqResourceChecker::checkFully(const char* uri, const char* metadata, const
   const bool chosen = selectResource(metadata, resource, category) == 0;
   if (!chosen) resource.uri = uri;
 
-  if (homeNetwork && !isRvu(metadata)) {
+  if (homeNetwork && !isRvuContent(metadata)) {
     const int result = getResourceHeader(resource, category);
     __android_log_print(ANDROID_LOG_DEBUG, kLogTag, "\nHome Network Content URL %s Request", host);
     if (result != kAccepted) return result;
@@ -260,7 +204,7 @@ int TarqResourceChecker::ask(const char* uri, int transferMode, VondHspDlnaRespo
 
 int TarqResourceChecker::getResourceHeader(TarqResource& resource, xMraCategory& category) {
   const char* uri = resource.uri.c_str();
-  if (!isHttp(uri)) return kNotHttp;
+  if (!isHttpUri(uri)) return kNotHttp;
   VondHspDlnaResponse response;
   int clientError = 0;
   if (const int refused = ask(uri, transferModeOf(category), response, clientError)) return refused;

@@ -75,11 +75,19 @@ int categoryOfProfile(const char* dlnaPn) {
 
 }  // namespace
 
-int TarqDlnaResSelection::selectMediaCategory(const char* mimeType, const char* extension,
-                                              const char* dlnaPn) const {
-  const int byMimeType = categoryOfMimeType(mimeType);
-  if (byMimeType != kCategoryUnknown) return byMimeType;
-  const int byProfile = categoryOfProfile(dlnaPn);
-  if (byProfile != kCategoryUnknown) return byProfile;
-  return firstMatch(kExtensions, [&](const char* wanted) { return equalsIgnoringCase(extension, wanted); });
+int TarqDlnaResSelection::selectMediaCategory(const char* mimeType, const char* extension, const char* dlnaPn,
+                                              CategoryStage* stage) const {
+  CategoryStage decided = CategoryStage::kMimeType;
+  int category = categoryOfMimeType(mimeType);
+  if (category == kCategoryUnknown) {
+    decided = CategoryStage::kProfileName;
+    category = categoryOfProfile(dlnaPn);
+  }
+  if (category == kCategoryUnknown) {
+    decided = CategoryStage::kExtension;
+    category =
+        firstMatch(kExtensions, [&](const char* wanted) { return equalsIgnoringCase(extension, wanted); });
+  }
+  if (stage != nullptr) *stage = category == kCategoryUnknown ? CategoryStage::kNone : decided;
+  return category;
 }

@@ -60,33 +60,44 @@ const NamedFormat* findFormat(const Table& table, const TarqDlnaResMetadata& rec
 constexpr auto kNameEquals = [](const char* name, const char* wanted) { return equals(name, wanted); };
 constexpr auto kNameBegins = [](const char* name, const char* wanted) { return beginsWith(name, wanted); };
 
-// Writes the format; the points of position 0, or 0 when the candidate is out.
-int32_t classifyMusic(TarqDlnaResMetadata& record) {
+ResRule ruleOf(const TarqDlnaResMetadata& record) {
+  return record.dlnaPn.c_str() != nullptr ? ResRule::kProfile : ResRule::kMimeType;
+}
+
+// Writes format and rule; the points of position 0, or 0 when the candidate is out.
+int32_t classifyMusic(TarqDlnaResMetadata& record, ResScore& score) {
   if (const NamedFormat* row = findFormat(musicProfileTable, record, kNameEquals)) {
     record.format = row->format;
+    score.rule = ruleOf(record);
     return kFirstPosition;
   }
   const char* mimeType = record.mimeType.c_str();
   const char* extension = record.extension.c_str();
   for (const MusicMimeType& row : kMusicMimeTypes) {
     if (!equals(mimeType, row.mimeType)) continue;
-    if (row.notAmr && (extension == nullptr || equalsIgnoringCase(extension, "amr"))) return 0;
+    if (row.notAmr && (extension == nullptr || equalsIgnoringCase(extension, "amr"))) {
+      score.rule = ResRule::kMimeTypeAmr;
+      return 0;
+    }
     record.format = row.format;
+    score.rule = ResRule::kMimeType;
     return row.firstPosition;
   }
   return 0;
 }
 
-// Writes the format and the format points; false when the candidate is out.
+// Writes format, rule and format points; false when the candidate is out.
 bool classifyWma(TarqDlnaResMetadata& record, ResScore& score) {
   if (const NamedFormat* row = findFormat(wmaProfileTable, record, kNameBegins)) {
     record.format = row->format;
     const bool seekable = record.dlnaPn.c_str() != nullptr && declaresByteSeek(record.fourthField.c_str());
+    score.rule = seekable ? ResRule::kSeekable : ResRule::kNotSeekable;
     (seekable ? score.primary : score.secondary).format = seekable ? kSeekablePoints : kNotSeekablePoints;
     return true;
   }
   if (const NamedFormat* row = findFormat(musicProfileTable, record, kNameBegins)) {
     record.format = row->format;
+    score.rule = ruleOf(record);
     score.primary.format = kSeekablePoints;
     return true;
   }
@@ -95,7 +106,7 @@ bool classifyWma(TarqDlnaResMetadata& record, ResScore& score) {
 
 }  // namespace
 
-bool TarqDlnaResSelection::IsWMAContent(int count, TarqDlnaResMetadata* records) const {
+bool TarqDlnaResSelection::IsWMAContent(int count, const TarqDlnaResMetadata* records) const {
   return std::any_of(records, records + std::max(count, 0), [](const TarqDlnaResMetadata& record) {
     return record.notConverted && findFormat(wmaProfileTable, record, kNameBegins) != nullptr;
   });
@@ -129,7 +140,7 @@ int TarqDlnaResSelection::selectMusicResIndex(int count, TarqDlnaResMetadata* re
 int TarqDlnaResSelection::selectMusicResIndex(int count, TarqDlnaResMetadata* records,
                                               ResScore* scores) const {
   for (int i = 0; i < count; ++i) {
-    const int32_t firstPosition = classifyMusic(records[i]);
+    const int32_t firstPosition = classifyMusic(records[i], scores[i]);
     if (firstPosition == 0) continue;
     scores[i].primary.position = firstPosition - kPositionStep * i;
     if (records[i].notConverted) scores[i].primary.notConverted = kNotConvertedPoints;

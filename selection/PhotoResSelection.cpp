@@ -1,5 +1,4 @@
 #include <array>
-#include <optional>
 
 #include "ResolutionProxy.h"
 #include "TarqDlnaResSelection.h"
@@ -19,23 +18,17 @@ constexpr auto photoProfileTable = std::to_array<NamedFormat>({
 static_assert(photoProfileTable.size() == 4);
 
 // A known format earns nothing of its own: position and size decide among photos.
-std::optional<int32_t> classifyPhoto(TarqDlnaResMetadata& record) {
+bool classifyPhoto(TarqDlnaResMetadata& record, ResScore& score) {
   const char* profile = record.dlnaPn.c_str();
   for (const NamedFormat& row : photoProfileTable) {
     if (profile != nullptr ? equals(profile, row.profile) : equals(record.mimeType.c_str(), row.mimeType)) {
       record.format = row.format;
-      return 0;
+      score.rule = profile != nullptr ? ResRule::kProfile : ResRule::kMimeType;
+      return true;
     }
   }
-  return std::nullopt;
+  return false;
 }
-
-// A candidate of the multi-picture contest.
-struct MpoPhoto {
-  int rank;          // by the number of pictures; higher is better
-  int32_t overArea;  // pixels above (below: negative) the full-HD area
-  bool fullHd;
-};
 
 int mpoRank(int32_t entries, bool notConverted) {
   const int converted = entries == 2 || entries == 4                   ? 5
@@ -44,18 +37,18 @@ int mpoRank(int32_t entries, bool notConverted) {
   return notConverted ? converted + 1 : converted;
 }
 
-std::optional<MpoPhoto> classifyMpo(const TarqDlnaResMetadata& record) {
-  if (record.resolution.c_str() == nullptr) return std::nullopt;
+MpoPhoto classifyMpo(const TarqDlnaResMetadata& record) {
+  if (record.resolution.c_str() == nullptr) return {};
   resolutionProxy proxy{record.resolution.c_str(), nullptr};
   const int32_t width = proxy.GetWidth();
   const int32_t height = proxy.GetHeight();
   TARQ_Resolution_Destroy(proxy.parsed);
 
   const bool usable = width >= 1 && width <= kMaxSide && height >= 1 && height <= kMaxSide;
-  if (!usable || record.dlnaPn.c_str() != nullptr || record.mpfEntries == 0) return std::nullopt;
-  return MpoPhoto{.rank = mpoRank(record.mpfEntries, record.notConverted),
-                  .overArea = width * height - kFullHdArea,
-                  .fullHd = width == kFullHdWidth && height == kFullHdHeight};
+  if (!usable || record.dlnaPn.c_str() != nullptr || record.mpfEntries == 0) return {};
+  return {.rank = mpoRank(record.mpfEntries, record.notConverted),
+          .overArea = width * height - kFullHdArea,
+          .fullHd = width == kFullHdWidth && height == kFullHdHeight};
 }
 
 // Whether `photo` takes the lead from `best`. In a tie the best stays unless the candidate's size is better.
@@ -66,18 +59,6 @@ bool beats(const MpoPhoto& photo, const MpoPhoto& best) {
   if (photo.overArea > 0 && best.overArea > 0) return photo.overArea < best.overArea;
   if (photo.overArea < 0 && best.overArea < 0) return photo.overArea > best.overArea;
   return best.overArea < 0 && photo.overArea > 0;
-}
-
-int pickMpo(int count, const TarqDlnaResMetadata* records) {
-  int index = -1;
-  MpoPhoto best{};
-  for (int i = 0; i < count; ++i) {
-    const std::optional<MpoPhoto> photo = classifyMpo(records[i]);
-    if (!photo || (index != -1 && !beats(*photo, best))) continue;
-    best = *photo;
-    index = i;
-  }
-  return index;
 }
 
 }  // namespace
@@ -94,8 +75,21 @@ int TarqDlnaResSelection::selectPhotoResIndex(int count, TarqDlnaResMetadata* re
 
 int TarqDlnaResSelection::selectPhotoResIndex_MPO(int count, TarqDlnaResMetadata* records) {
   mpoPresent = false;
-  const int index = pickMpo(count, records);
+  const int index = pickMpo(count, records, nullptr);
   if (index == -1) return selectPhotoResIndex(count, records);
   if (equals(records[index].mimeType.c_str(), "image/jpeg")) records[index].format = "MPO";
+  return index;
+}
+
+int TarqDlnaResSelection::pickMpo(int count, const TarqDlnaResMetadata* records, MpoPhoto* photos) {
+  int index = -1;
+  MpoPhoto best;
+  for (int i = 0; i < count; ++i) {
+    const MpoPhoto photo = classifyMpo(records[i]);
+    if (photos != nullptr) photos[i] = photo;
+    if (photo.rank == 0 || !beats(photo, best)) continue;
+    best = photo;
+    index = i;
+  }
   return index;
 }

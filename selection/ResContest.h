@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <memory>
 #include <new>
-#include <optional>
 
 #include "TarqDlnaResMetadata.h"
 
@@ -25,11 +24,26 @@ struct ResPoints {
   int32_t total() const { return format + position + notConverted + resolution + nearest; }
 };
 
+// The rule that let a candidate in, or kept it out.
+enum class ResRule : uint8_t {
+  kUnknown,             // out: no rule knows its profile name, MIME type and extension
+  kProfile,             // a known profile name
+  kProfileNotInRegion,  // out: known, but not played in this region
+  kMimeType,            // a known MIME type, and no profile name that would say otherwise
+  kMimeTypeAmr,         // out: the MIME type would do, but the extension is "amr" or missing
+  kMimeAndExtension,    // no profile name; MIME type and extension, or the type alone, tell the format
+  kMimeGuess,           // no profile name; the MIME type lets guess the format
+  kUnknownProfileMime,  // a profile name that nobody knows, beside a MIME type and extension that do
+  kSeekable,            // Windows Media whose server declares byte-range seek
+  kNotSeekable,         // Windows Media whose server does not
+};
+
 // Most contests use the primary score alone. The two for Windows Media keep candidates that are harder to
 // seek, or only guessed, apart from the others in a secondary one.
 struct ResScore {
   ResPoints primary;
   ResPoints secondary;
+  ResRule rule = ResRule::kUnknown;
 
   // To each of the two that is above 0 at this moment.
   void addWherePositive(int32_t ResPoints::*cause, int32_t points) {
@@ -104,10 +118,8 @@ int runPictureContest(const PictureContest& contest, int count, TarqDlnaResMetad
                       ResScore* scores, Classify classify) {
   NearestFullHd nearest;
   for (int i = 0; i < count; ++i) {
-    const std::optional<int32_t> format = classify(records[i]);
-    if (!format) continue;
+    if (!classify(records[i], scores[i])) continue;
     ResPoints& points = scores[i].primary;
-    points.format = *format;
     points.position = contest.firstPosition - kPositionStep * i;
     if (records[i].notConverted) points.notConverted = kNotConvertedPoints;
     const PictureSize size = measurePicture(records[i].resolution);
@@ -118,6 +130,13 @@ int runPictureContest(const PictureContest& contest, int count, TarqDlnaResMetad
   if (nearest.candidate() != -1) scores[nearest.candidate()].primary.nearest = kNearestPoints;
   return bestPrimary(count, scores);
 }
+
+// A candidate of the multi-picture contest, which compares ranks instead of adding points.
+struct MpoPhoto {
+  int32_t rank = 0;      // by the number of pictures, higher is better; 0: out
+  int32_t overArea = 0;  // pixels above (below: negative) the full-HD area
+  bool fullHd = false;
+};
 
 // A profile name, the format it stands for, and the MIME type that stands for it where no profile is named.
 struct NamedFormat {

@@ -32,15 +32,6 @@ bool readMimeType(const char* contentFormat, VondString& mimeType) {
   return true;
 }
 
-// Music and video outrank photos; between those two the later element decides.
-int mediaKind(const TarqDlnaResMetadata* records, int lastClassified) {
-  for (int i = lastClassified; i >= 0; --i) {
-    const int category = records[i].category;
-    if (category == kCategoryMusic || category == kCategoryVideo) return category;
-  }
-  return kCategoryPhoto;
-}
-
 }  // namespace
 
 int TarqDlnaResSelection::getFileExtension(const char* url, VondString& extension) {
@@ -90,7 +81,6 @@ bool TarqDlnaResSelection::readRecord(const TARQ_Object* object, unsigned int in
   return true;
 }
 
-// The index of the last element that has a category, or -1.
 int TarqDlnaResSelection::readRecords(const TARQ_Object* object, TarqDlnaResMetadata* records, int count) {
   int lastClassified = -1;
   for (int i = 0; i < count; ++i) {
@@ -103,29 +93,55 @@ int TarqDlnaResSelection::readRecords(const TARQ_Object* object, TarqDlnaResMeta
   return lastClassified;
 }
 
+// Music and video outrank photos; between those two the later element decides.
+int TarqDlnaResSelection::decidingRecord(const TarqDlnaResMetadata* records, int lastClassified) {
+  for (int i = lastClassified; i >= 0; --i) {
+    if (records[i].category == kCategoryMusic || records[i].category == kCategoryVideo) return i;
+  }
+  return lastClassified;
+}
+
+ResContestKind TarqDlnaResSelection::contestFor(const TarqDlnaResMetadata* records, int count,
+                                                int lastClassified, int excludeHls) const {
+  if (lastClassified == -1) return ResContestKind::kNone;
+  switch (records[decidingRecord(records, lastClassified)].category) {
+    case kCategoryPhoto:
+      return mpoPresent ? ResContestKind::kMpo : ResContestKind::kPhoto;
+    case kCategoryMusic:
+      return IsWMAContent(count, records) ? ResContestKind::kWma : ResContestKind::kMusic;
+    default:
+      if (IsWMVContent(count, records)) return ResContestKind::kWmv;
+      return excludeHls != 0 && IsM3U8Content(count, records) ? ResContestKind::kHlsRefused
+                                                              : ResContestKind::kVideo;
+  }
+}
+
 int TarqDlnaResSelection::selectMediaResIndex(const TARQ_Object* object, TarqDlnaResMetadata* records,
                                               int count, int* selected, int excludeHls) {
   if (!profilesMapped) maptheProfiles();
   if (count < 1) return 0;
   const int lastClassified = readRecords(object, records, count);
-  if (lastClassified == -1) return 0;
-
-  switch (mediaKind(records, lastClassified)) {
-    case kCategoryPhoto:
-      *selected = mpoPresent ? selectPhotoResIndex_MPO(count, records) : selectPhotoResIndex(count, records);
+  switch (contestFor(records, count, lastClassified, excludeHls)) {
+    case ResContestKind::kPhoto:
+      *selected = selectPhotoResIndex(count, records);
       break;
-    case kCategoryMusic:
-      *selected = IsWMAContent(count, records) ? selectMusicResIndex_WMA(count, records)
-                                               : selectMusicResIndex(count, records);
+    case ResContestKind::kMpo:
+      *selected = selectPhotoResIndex_MPO(count, records);
       break;
-    case kCategoryVideo:
-      if (IsWMVContent(count, records)) {
-        *selected = selectVideoResIndex_WMV(count, records);
-      } else if (excludeHls == 0 || !IsM3U8Content(count, records)) {
-        *selected = selectVideoResIndex(count, records);
-      }
+    case ResContestKind::kMusic:
+      *selected = selectMusicResIndex(count, records);
       break;
-    default:
+    case ResContestKind::kWma:
+      *selected = selectMusicResIndex_WMA(count, records);
+      break;
+    case ResContestKind::kVideo:
+      *selected = selectVideoResIndex(count, records);
+      break;
+    case ResContestKind::kWmv:
+      *selected = selectVideoResIndex_WMV(count, records);
+      break;
+    case ResContestKind::kNone:
+    case ResContestKind::kHlsRefused:
       break;
   }
   return 0;

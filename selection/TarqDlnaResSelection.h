@@ -2,11 +2,25 @@
 #define TARQ_DLNA_RES_SELECTION_H_
 
 #include <cstdint>
-#include <optional>
 
 #include "ResContest.h"
 #include "TarqCdsAccess.h"
 #include "TarqDlnaResMetadata.h"
+
+// What told the category of a `res` element.
+enum class CategoryStage { kNone, kMimeType, kProfileName, kExtension };
+
+// The contest that an object comes to.
+enum class ResContestKind {
+  kNone,  // no `res` element is photo, music or video
+  kPhoto,
+  kMpo,  // a photo, and one of its elements is a multi-picture file
+  kMusic,
+  kWma,  // music, and one of its elements is unconverted Windows Media
+  kVideo,
+  kWmv,        // a video, and one of its elements is unconverted Windows Media
+  kHlsRefused  // a video with a playlist, where those are not wanted
+};
 
 // Picks the one `res` element of a DIDL-Lite object that this renderer plays best.
 // Threads: an object and its records belong to one thread. The first selection of a process must end before
@@ -25,8 +39,17 @@ class TarqDlnaResSelection {
   int selectMediaResIndex(const TARQ_Object* object, TarqDlnaResMetadata* records, int count, int* selected,
                           int excludeHls);
 
-  // The category of one `res` element; any argument may be null.
-  int selectMediaCategory(const char* mimeType, const char* extension, const char* dlnaPn) const;
+  // The steps of it, for whoever wants to look at each.
+  // Fills the records; the index of the last one that is photo, music or video, or -1.
+  int readRecords(const TARQ_Object* object, TarqDlnaResMetadata* records, int count);
+  // The index of the record whose category is the media kind of the object; `lastClassified` not -1.
+  static int decidingRecord(const TarqDlnaResMetadata* records, int lastClassified);
+  ResContestKind contestFor(const TarqDlnaResMetadata* records, int count, int lastClassified,
+                            int excludeHls) const;
+
+  // The category of one `res` element; any argument may be null. `*stage` becomes what told it.
+  int selectMediaCategory(const char* mimeType, const char* extension, const char* dlnaPn,
+                          CategoryStage* stage = nullptr) const;
   // The extension of the URL's last path segment, from its first "." on and without a query. -1, leaving
   // `extension` alone, when `url` has no "/"; else 0.
   static int getFileExtension(const char* url, VondString& extension);
@@ -37,15 +60,17 @@ class TarqDlnaResSelection {
   int selectPhotoResIndex(int count, TarqDlnaResMetadata* records);
   int selectPhotoResIndex(int count, TarqDlnaResMetadata* records, ResScore* scores) const;
   int selectPhotoResIndex_MPO(int count, TarqDlnaResMetadata* records);
+  // The multi-picture contest alone; -1 when it has no candidate. `photos` may be null.
+  static int pickMpo(int count, const TarqDlnaResMetadata* records, MpoPhoto* photos);
 
-  bool IsWMAContent(int count, TarqDlnaResMetadata* records) const;
+  bool IsWMAContent(int count, const TarqDlnaResMetadata* records) const;
   int selectMusicResIndex_WMA(int count, TarqDlnaResMetadata* records);
   int selectMusicResIndex_WMA(int count, TarqDlnaResMetadata* records, ResScore* scores) const;
   int selectMusicResIndex(int count, TarqDlnaResMetadata* records);
   int selectMusicResIndex(int count, TarqDlnaResMetadata* records, ResScore* scores) const;
 
-  bool IsM3U8Content(int count, TarqDlnaResMetadata* records) const;
-  bool IsWMVContent(int count, TarqDlnaResMetadata* records) const;
+  bool IsM3U8Content(int count, const TarqDlnaResMetadata* records) const;
+  bool IsWMVContent(int count, const TarqDlnaResMetadata* records) const;
   int selectVideoResIndex(int count, TarqDlnaResMetadata* records);
   int selectVideoResIndex(int count, TarqDlnaResMetadata* records, ResScore* scores) const;
   int selectVideoResIndex_WMV(int count, TarqDlnaResMetadata* records);
@@ -56,11 +81,11 @@ class TarqDlnaResSelection {
 
  private:
   bool readRecord(const TARQ_Object* object, unsigned int index, TarqDlnaResMetadata& record);
-  int readRecords(const TARQ_Object* object, TarqDlnaResMetadata* records, int count);
 
-  std::optional<int32_t> classifyVideo(TarqDlnaResMetadata& record) const;
-  std::optional<int32_t> classifyByMimeRule(TarqDlnaResMetadata& record) const;
+  bool classifyVideo(TarqDlnaResMetadata& record, ResScore& score) const;
+  bool classifyByMimeRule(TarqDlnaResMetadata& record, ResScore& score) const;
   bool classifyWmv(TarqDlnaResMetadata& record, ResScore& score) const;
+  int32_t classifyByCodec(TarqDlnaResMetadata& record, ResRule& rule) const;
 
   bool mpoPresent = false;  // some photo is a multi-picture file
   int32_t region;           // a bit set; 16 as a whole also means RealMedia

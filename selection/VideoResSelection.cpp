@@ -62,34 +62,46 @@ const VondString& profileName(const TarqDlnaResMetadata& record) {
 
 }  // namespace
 
-std::optional<int32_t> TarqDlnaResSelection::classifyVideo(TarqDlnaResMetadata& record) const {
+bool TarqDlnaResSelection::classifyVideo(TarqDlnaResMetadata& record, ResScore& score) const {
   const VondString& name = profileName(record);
   if (name.c_str() == nullptr) {
-    int weight = 0;
-    const char* format = getVideoCodecFormat(record.mimeType.c_str(), record.extension.c_str(), &weight);
-    if (format == nullptr) return std::nullopt;
-    record.format = format;
-    return weight;
+    score.primary.format = classifyByCodec(record, score.rule);
+    return score.primary.format != 0;
   }
   const int number = std::as_const(profileMap).get(name);
-  if (number < 1) return classifyByMimeRule(record);
+  if (number < 1) return classifyByMimeRule(record, score);
   const VideoProfileRow& row = videoProfileTable[static_cast<size_t>(number - 1)];
-  if (!row.appliesIn(region)) return std::nullopt;  // known, but not here: its MIME type does not save it
+  if (!row.appliesIn(region)) {  // its MIME type does not save it
+    score.rule = ResRule::kProfileNotInRegion;
+    return false;
+  }
   record.format = row.format;
-  return kKnownFormatPoints;
+  score.rule = ResRule::kProfile;
+  score.primary.format = kKnownFormatPoints;
+  return true;
 }
 
-std::optional<int32_t> TarqDlnaResSelection::classifyByMimeRule(TarqDlnaResMetadata& record) const {
+// By MIME type and extension: the weight of the format, or 0 when there is none.
+int32_t TarqDlnaResSelection::classifyByCodec(TarqDlnaResMetadata& record, ResRule& rule) const {
+  int weight = 0;
+  const char* format = getVideoCodecFormat(record.mimeType.c_str(), record.extension.c_str(), &weight);
+  if (format == nullptr) return 0;
+  record.format = format;
+  rule = weight == kKnownFormatPoints ? ResRule::kMimeAndExtension : ResRule::kMimeGuess;
+  return weight;
+}
+
+bool TarqDlnaResSelection::classifyByMimeRule(TarqDlnaResMetadata& record, ResScore& score) const {
   const int position = std::as_const(mimeMap).get(record.mimeType);
   const int last = position >= kChainFirst && position <= kChainLast ? kChainLast : position;
-  int32_t points = 0;
   for (const MimeRule& rule : kMimeRules) {
     if (rule.position < position || rule.position > last) continue;
     if (!passes(rule, record.extension.c_str(), region)) continue;
     record.format = rule.format;
-    points += kKnownFormatPoints;
+    score.rule = ResRule::kUnknownProfileMime;
+    score.primary.format += kKnownFormatPoints;
   }
-  return points == 0 ? std::nullopt : std::optional(points);
+  return score.primary.format != 0;
 }
 
 int TarqDlnaResSelection::selectVideoResIndex(int count, TarqDlnaResMetadata* records) {
@@ -99,11 +111,12 @@ int TarqDlnaResSelection::selectVideoResIndex(int count, TarqDlnaResMetadata* re
 
 int TarqDlnaResSelection::selectVideoResIndex(int count, TarqDlnaResMetadata* records,
                                               ResScore* scores) const {
-  return runPictureContest(kVideoContest, count, records, scores,
-                           [this](TarqDlnaResMetadata& record) { return classifyVideo(record); });
+  return runPictureContest(
+      kVideoContest, count, records, scores,
+      [this](TarqDlnaResMetadata& record, ResScore& score) { return classifyVideo(record, score); });
 }
 
-bool TarqDlnaResSelection::IsM3U8Content(int count, TarqDlnaResMetadata* records) const {
+bool TarqDlnaResSelection::IsM3U8Content(int count, const TarqDlnaResMetadata* records) const {
   return std::any_of(records, records + std::max(count, 0), [](const TarqDlnaResMetadata& record) {
     const char* mimeType = record.mimeType.c_str();
     return record.notConverted && (beginsWith(mimeType, "application/x-mpegURL") ||

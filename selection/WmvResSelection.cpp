@@ -39,7 +39,7 @@ int pick(int count, const ResScore* scores) {
 
 }  // namespace
 
-bool TarqDlnaResSelection::IsWMVContent(int count, TarqDlnaResMetadata* records) const {
+bool TarqDlnaResSelection::IsWMVContent(int count, const TarqDlnaResMetadata* records) const {
   return std::any_of(records, records + std::max(count, 0), [](const TarqDlnaResMetadata& record) {
     if (!record.notConverted) return false;
     const char* profile = record.dlnaPn.c_str();
@@ -54,27 +54,27 @@ bool TarqDlnaResSelection::classifyWmv(TarqDlnaResMetadata& record, ResScore& sc
   if (const VideoProfileRow* row = findByPrefix(wmvProfileTable, region, record)) {
     record.format = row->format;
     const bool seekable = declaresByteSeek(record.fourthField.c_str());
+    score.rule = seekable ? ResRule::kSeekable : ResRule::kNotSeekable;
     (seekable ? score.primary : score.secondary).format = seekable ? kPrimaryPoints : kSecondaryPoints;
     return true;
   }
   if (const VideoProfileRow* row = findByPrefix(videoProfileTable, region, record)) {
     record.format = row->format;
+    score.rule = ResRule::kProfile;
     score.primary.format = kPrimaryPoints;
     return true;
   }
   const bool named = record.dlnaPn.c_str() != nullptr || record.orsaPn.c_str() != nullptr ||
                      record.aribPn.c_str() != nullptr;
-  if (named) {
-    if (!beginsWith(record.mimeType.c_str(), "video/mp4")) return false;
-    record.format = "MPEG4";
-    score.primary.format = kPrimaryPoints;
-    return true;
+  if (!named) {
+    const int32_t weight = classifyByCodec(record, score.rule);
+    (weight == kSecondaryPoints ? score.secondary : score.primary).format = weight;
+    return weight != 0;
   }
-  int weight = 0;
-  const char* format = getVideoCodecFormat(record.mimeType.c_str(), record.extension.c_str(), &weight);
-  if (format == nullptr) return false;
-  record.format = format;
-  (weight == kSecondaryPoints ? score.secondary : score.primary).format = weight;
+  if (!beginsWith(record.mimeType.c_str(), "video/mp4")) return false;
+  record.format = "MPEG4";
+  score.rule = ResRule::kUnknownProfileMime;
+  score.primary.format = kPrimaryPoints;
   return true;
 }
 

@@ -1,0 +1,85 @@
+#include "CheckRules.h"
+
+#include <strings.h>
+
+#include <array>
+#include <cstring>
+
+#include "VondHspClient.h"
+
+namespace {
+
+constexpr bool kInternet = true;
+constexpr bool kAnyHost = false;
+constexpr bool kUri = true;
+constexpr bool kMetadata = false;
+
+constexpr auto kQuickTests = std::to_array<QuickTest>({
+    {kInternet, kMetadata, "http-get:*:video", "video/*"},
+    {kInternet, kMetadata, "http-get:*:audio", "audio/*"},
+    {kAnyHost, kMetadata, "http-get:*:application/vnd.apple.mpegURL", "application/vnd.apple.mpegURL"},
+    {kAnyHost, kMetadata, "http-get:*:application/x-mpegURL", "application/x-mpegURL"},
+    {kAnyHost, kUri, "m3u8", "video/*"},
+    {kAnyHost, kUri, "mp4", nullptr},
+    {kAnyHost, kUri, "flv", nullptr},
+});
+
+bool contains(const char* text, const char* part) { return std::strstr(text, part) != nullptr; }
+
+}  // namespace
+
+std::span<const QuickTest> quickTests() { return kQuickTests; }
+
+const QuickTest* findQuickTest(const char* uri, const char* metadata, bool homeNetwork) {
+  for (const QuickTest& test : kQuickTests) {
+    if (test.internetOnly && homeNetwork) continue;
+    if (contains(test.ofUri ? uri : metadata, test.contains)) return &test;
+  }
+  return nullptr;
+}
+
+const char* mimeTypeOf(const QuickTest& test, const char* metadata) {
+  if (test.mimeType != nullptr) return test.mimeType;
+  return contains(metadata, "audio/") ? "audio/*" : "video/*";
+}
+
+bool isRvuContent(const char* metadata) { return metadata != nullptr && contains(metadata, "RVUALLIANCE"); }
+
+bool isHttpUri(const char* uri) { return uri != nullptr && strncasecmp(uri, "http://", 7) == 0; }
+
+int transferModeOf(int category) {
+  switch (category) {
+    case 0:
+      return 1;
+    case 1:
+    case 2:
+      return 0;
+    default:
+      return 3;
+  }
+}
+
+TarqCheckResult resultOfClientError(int clientError) {
+  switch (clientError) {
+    case 0:
+    case 403:
+    case 503:
+      return kAccepted;  // the status decides
+    case kVondHspConnectFailed:
+      return kConnectFailed;
+    case kVondHspNameNotResolved:
+      return kNameNotResolved;
+    case kVondHspTimedOut:
+      return kTimedOut;
+    case kVondHspCancelled:
+      return kRequestCancelled;
+    default:
+      return kServerError;
+  }
+}
+
+TarqCheckResult resultOfStatus(int status) {
+  if (status == 503) return kServerBusy;
+  if (status == 403) return kForbidden;
+  return status >= 300 ? kServerError : kAccepted;
+}

@@ -1,30 +1,61 @@
 #ifndef BENCH_ITEMS_H_
 #define BENCH_ITEMS_H_
 
+#include <span>
 #include <string>
+#include <string_view>
 
-// An item with `count` `res` elements as media servers write them, of the kinds that a contest has to look
-// at.
-inline std::string videoItem(int count) {
-  const char* formats[] = {
-      "video/mpeg:DLNA.ORG_PN=MPEG_PS_NTSC;DLNA.ORG_OP=01;DLNA.ORG_CI=1",
+// An item with `count` `res` elements as media servers write them. The kind tells which contest it comes to.
+struct BenchKind {
+  std::string_view name;
+  std::string_view upnpClass;
+  const char* contents[4];  // third and fourth protocolInfo field, in turn
+  const char* extensions[4];
+  const char* attributes;  // before the resolution
+};
+
+inline constexpr BenchKind kBenchKinds[] = {
+    {"video",
+     "object.item.videoItem.movie",
+     {"video/mpeg:DLNA.ORG_PN=MPEG_PS_NTSC;DLNA.ORG_OP=01;DLNA.ORG_CI=1",
       "video/vnd.dlna.mpeg-tts:DLNA.ORG_PN=MPEG_TS_SD_NA_T;DLNA.ORG_OP=11;DLNA.ORG_CI=0",
       "video/mp4:DLNA.ORG_PN=AVC_MP4_MP_HD_1080i_AAC;DLNA.ORG_OP=01;DLNA.ORG_CI=0",
-      "video/x-matroska:DLNA.ORG_OP=01;DLNA.ORG_CI=0",
-  };
+      "video/x-matroska:DLNA.ORG_OP=01;DLNA.ORG_CI=0"},
+     {"mpg", "mpg", "m4v", "mkv"},
+     "duration=\"0:42:07.000\" bitrate=\"35119\" sampleFrequency=\"48000\" nrAudioChannels=\"2\""},
+    {"music",
+     "object.item.audioItem.musicTrack",
+     {"audio/mpeg:DLNA.ORG_PN=MP3;DLNA.ORG_OP=01;DLNA.ORG_CI=0", "audio/L16:DLNA.ORG_PN=LPCM;DLNA.ORG_CI=1",
+      "audio/x-flac:DLNA.ORG_OP=01;DLNA.ORG_CI=0",
+      "audio/mp4:DLNA.ORG_PN=AAC_ISO_320;DLNA.ORG_OP=01;DLNA.ORG_CI=0"},
+     {"mp3", "pcm", "flac", "m4a"},
+     "duration=\"0:03:09.000\" bitrate=\"163376\" sampleFrequency=\"44100\" nrAudioChannels=\"2\""},
+    {"photo",
+     "object.item.imageItem.photo",
+     {"image/jpeg:DLNA.ORG_PN=JPEG_LRG;DLNA.ORG_OP=01;DLNA.ORG_CI=0",
+      "image/jpeg:DLNA.ORG_PN=JPEG_MED;DLNA.ORG_CI=1", "image/jpeg:DLNA.ORG_PN=JPEG_SM;DLNA.ORG_CI=1",
+      "image/jpeg:DLNA.ORG_PN=JPEG_TN;DLNA.ORG_CI=1"},
+     {"jpg", "jpg", "jpg", "jpg"},
+     "colorDepth=\"24\""},
+};
+
+inline std::string benchItem(const BenchKind& kind, int count) {
   std::string text =
-      "<DIDL-Lite xmlns=\"urn:schemas-upnp-org:metadata-1-0/DIDL-Lite/\" "
-      "xmlns:dc=\"http://purl.org/dc/elements/1.1/\" xmlns:upnp=\"urn:schemas-upnp-org:metadata-1-0/upnp/\">"
-      "<item id=\"64$0$1\" parentID=\"64$0\" restricted=\"1\"><dc:title>Harbour at dawn</dc:title>"
-      "<upnp:class>object.item.videoItem.movie</upnp:class><dc:date>2020-01-01</dc:date>";
+      "<DIDL-Lite xmlns:dc=\"http://purl.org/dc/elements/1.1/\" "
+      "xmlns:upnp=\"urn:schemas-upnp-org:metadata-1-0/upnp/\" "
+      "xmlns=\"urn:schemas-upnp-org:metadata-1-0/DIDL-Lite/\" "
+      "xmlns:dlna=\"urn:schemas-dlna-org:metadata-1-0/\">"
+      "<item id=\"64$0$1\" parentID=\"64$0\" restricted=\"1\"><dc:title>Harbour at "
+      "dawn</dc:title><upnp:class>";
+  ((text += kind.upnpClass) += "</upnp:class>") +=
+      "<dc:creator>Somebody</dc:creator><dc:date>2020-01-01</dc:date>";
   for (int i = 0; i < count; ++i) {
     const std::string number = std::to_string(i);
-    text += "<res size=\"" + std::to_string(36524 + i) +
-            "\" duration=\"0:42:07.000\" bitrate=\"35119\" sampleFrequency=\"48000\" nrAudioChannels=\"2\" "
-            "resolution=\"" +
-            std::to_string(320 + 2 * i) + "x240\" protocolInfo=\"http-get:*:" + formats[i % 4] +
+    const auto form = static_cast<size_t>(i % 4);
+    text += "<res size=\"" + std::to_string(36524 + i) + "\" " + kind.attributes + " resolution=\"" +
+            std::to_string(320 + 2 * i) + "x240\" protocolInfo=\"http-get:*:" + kind.contents[form] +
             ";DLNA.ORG_FLAGS=01700000000000000000000000000000\">http://192.168.0.7:8200/MediaItems/" +
-            number + (i % 4 == 3 ? ".mkv" : ".mpg") + "</res>";
+            number + "." + kind.extensions[form] + "</res>";
   }
   return text + "</item></DIDL-Lite>";
 }

@@ -1,19 +1,31 @@
-// One selection, from the metadata's text to the chosen index, beside a bare walk of the same text.
+// One selection, from the metadata's text to the chosen index, and one whole check without a probe, beside a
+// bare walk of the same text.
+#include <android/log.h>
 #include <benchmark/benchmark.h>
 
-#include <cstring>
 #include <memory>
-#include <pugixml.hpp>
 #include <string>
 
+#include "BareWalk.h"
 #include "BenchItems.h"
+#include "Checker.h"
 #include "TarqCdsAccess.h"
 #include "TarqDlnaResSelection.h"
 
 namespace {
 
+std::string itemOf(const benchmark::State& state) {
+  return benchItem(kBenchKinds[state.range(0)], static_cast<int>(state.range(1)));
+}
+
+void walkOnly(benchmark::State& state) {
+  const std::string text = itemOf(state);
+  for (auto _ : state) benchmark::DoNotOptimize(bareWalk(text));
+  state.SetComplexityN(state.range(1));
+}
+
 void selectFromText(benchmark::State& state) {
-  const std::string text = videoItem(static_cast<int>(state.range(0)));
+  const std::string text = itemOf(state);
   for (auto _ : state) {
     TARQ_Result* result = TARQ_Result_ParseCds(cdsText(text.c_str()));
     const TARQ_Object* object = TARQ_Result_GetObject(result, 0);
@@ -24,32 +36,35 @@ void selectFromText(benchmark::State& state) {
     benchmark::DoNotOptimize(selected);
     TARQ_Result_DestroyResult(result);
   }
-  state.SetComplexityN(state.range(0));
+  state.SetComplexityN(state.range(1));
 }
 
-void walkOnly(benchmark::State& state) {
-  const std::string text = videoItem(static_cast<int>(state.range(0)));
+void wholeCheck(benchmark::State& state) {
+  const std::string text = itemOf(state);
+  __android_log_set_minimum_priority(ANDROID_LOG_SILENT);
+  newChecker(1);
   for (auto _ : state) {
-    const auto copy = std::make_unique_for_overwrite<char[]>(text.size());
-    std::memcpy(copy.get(), text.data(), text.size());
-    pugi::xml_document document;
-    document.load_buffer_inplace(copy.get(), text.size());
-    for (const pugi::xml_node res : document.first_child().first_child().children("res")) {
-      for (const char* name : {"protocolInfo", "resolution", "size", "duration"}) {
-        benchmark::DoNotOptimize(res.attribute(name).value());
-      }
-      benchmark::DoNotOptimize(res.child_value());
-    }
+    const std::unique_ptr<TarqResourceCheckerInterface> checker(
+        TarqDmrPluginManager::GetInstance()->GetParams()->CreateResourceChecker());
+    if (checker->CheckResource("item", text.c_str()) != 0) state.SkipWithError("refused");
+    benchmark::DoNotOptimize(checker->GetResource());
   }
-  state.SetComplexityN(state.range(0));
+  state.SetComplexityN(state.range(1));
 }
 
+// Video, music and photo.
+template <int Kind>
 void resCounts(benchmark::internal::Benchmark* bench) {
-  for (const int count : {1, 4, 16, 64, 256}) bench->Arg(count);
+  for (const int count : {1, 4, 16, 64, 256}) bench->Args({Kind, count});
   bench->Complexity(benchmark::oN);
 }
 
-BENCHMARK(walkOnly)->Apply(resCounts);
-BENCHMARK(selectFromText)->Apply(resCounts);
+BENCHMARK(walkOnly)->Name("walkOnly/video")->Apply(resCounts<0>);
+BENCHMARK(selectFromText)->Name("selectFromText/video")->Apply(resCounts<0>);
+BENCHMARK(wholeCheck)->Name("wholeCheck/video")->Apply(resCounts<0>);
+BENCHMARK(walkOnly)->Name("walkOnly/music")->Apply(resCounts<1>);
+BENCHMARK(wholeCheck)->Name("wholeCheck/music")->Apply(resCounts<1>);
+BENCHMARK(walkOnly)->Name("walkOnly/photo")->Apply(resCounts<2>);
+BENCHMARK(wholeCheck)->Name("wholeCheck/photo")->Apply(resCounts<2>);
 
 }  // namespace

@@ -2,6 +2,8 @@
 #define VOND_NAME_VALUE_LIST_H_
 
 #include <cstddef>
+#include <cstring>
+#include <string_view>
 
 #include "TarqHostApi.h"
 
@@ -17,11 +19,15 @@ class TARQ_HOST_API VondNameValueList {
   VondNameValueList(const VondNameValueList&) = delete;
   VondNameValueList& operator=(const VondNameValueList&) = delete;
 
-  bool IsValid() const noexcept;  // false: some item has an empty name before its "="
+  bool IsValid() const noexcept { return valid_; }  // false: some item has an empty name before its "="
   // The value, or null when the name is missing or has no value.
-  const char* GetParameter(const char* name) const noexcept;
+  const char* GetParameter(const char* name) const noexcept {
+    return name == nullptr ? nullptr
+                           : find({name, std::strlen(name)});  // inline: the length of a constant is one
+  }
 
  private:
+  const char* find(std::string_view name) const noexcept;
   struct Item {
     const char* name;   // not NUL-terminated
     size_t nameLength;  // bytes, at least one

@@ -67,7 +67,7 @@ ResRule ruleOf(const TarqDlnaResMetadata& record) {
 // Writes format and rule; the points of position 0, or 0 when the candidate is out.
 int32_t classifyMusic(TarqDlnaResMetadata& record, ResScore& score) {
   if (const NamedFormat* row = findFormat(musicProfileTable, record, kNameEquals)) {
-    record.format = row->format;
+    record.format.refer(row->format);
     score.rule = ruleOf(record);
     return kFirstPosition;
   }
@@ -79,7 +79,7 @@ int32_t classifyMusic(TarqDlnaResMetadata& record, ResScore& score) {
       score.rule = ResRule::kMimeTypeAmr;
       return 0;
     }
-    record.format = row.format;
+    record.format.refer(row.format);
     score.rule = ResRule::kMimeType;
     return row.firstPosition;
   }
@@ -89,14 +89,14 @@ int32_t classifyMusic(TarqDlnaResMetadata& record, ResScore& score) {
 // Writes format, rule and format points; false when the candidate is out.
 bool classifyWma(TarqDlnaResMetadata& record, ResScore& score) {
   if (const NamedFormat* row = findFormat(wmaProfileTable, record, kNameBegins)) {
-    record.format = row->format;
+    record.format.refer(row->format);
     const bool seekable = record.dlnaPn.c_str() != nullptr && declaresByteSeek(record.fourthField.c_str());
     score.rule = seekable ? ResRule::kSeekable : ResRule::kNotSeekable;
     (seekable ? score.primary : score.secondary).format = seekable ? kSeekablePoints : kNotSeekablePoints;
     return true;
   }
   if (const NamedFormat* row = findFormat(musicProfileTable, record, kNameBegins)) {
-    record.format = row->format;
+    record.format.refer(row->format);
     score.rule = ruleOf(record);
     score.primary.format = kSeekablePoints;
     return true;

@@ -22,7 +22,7 @@ bool classifyPhoto(TarqDlnaResMetadata& record, ResScore& score) {
   const char* profile = record.dlnaPn.c_str();
   for (const NamedFormat& row : photoProfileTable) {
     if (profile != nullptr ? equals(profile, row.profile) : equals(record.mimeType.c_str(), row.mimeType)) {
-      record.format = row.format;
+      record.format.refer(row.format);
       score.rule = profile != nullptr ? ResRule::kProfile : ResRule::kMimeType;
       return true;
     }
@@ -77,7 +77,7 @@ int TarqDlnaResSelection::selectPhotoResIndex_MPO(int count, TarqDlnaResMetadata
   mpoPresent = false;
   const int index = pickMpo(count, records, nullptr);
   if (index == -1) return selectPhotoResIndex(count, records);
-  if (equals(records[index].mimeType.c_str(), "image/jpeg")) records[index].format = "MPO";
+  if (equals(records[index].mimeType.c_str(), "image/jpeg")) records[index].format.refer("MPO");
   return index;
 }
 

@@ -15,6 +15,8 @@ enum : int32_t {
 
 // What a selection knows of one `res` element. Record i of an array describes `res` element i of the object.
 // Every text is absent until it is read; texts stand as the server wrote them, in its case.
+// Texts that need not be cut are not copied: they refer to the document, which must outlive the record, or to
+// constants.
 struct TarqDlnaResMetadata {
   VondString mimeType;     // content format; for link-protected content what its CONTENTFORMAT parameter says
   VondString fourthField;  // whole

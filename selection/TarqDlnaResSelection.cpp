@@ -38,11 +38,9 @@ int TarqDlnaResSelection::getFileExtension(const char* url, VondString& extensio
   const char* segment = std::strrchr(url, '/');
   if (segment == nullptr) return -1;
   const char* dot = std::strchr(segment, '.');
-  if (dot == nullptr) {
-    extension = "";
-    return 0;
-  }
-  extension = VondString(dot + 1, std::strcspn(dot + 1, "?"));
+  const char* begin = dot == nullptr ? "" : dot + 1;
+  const char* query = std::strchr(begin, '?');
+  extension.assign(begin, query == nullptr ? std::strlen(begin) : static_cast<size_t>(query - begin));
   return 0;
 }
 
@@ -61,7 +59,7 @@ bool TarqDlnaResSelection::readRecord(const TARQ_Object* object, unsigned int in
   if (fourthField == nullptr) return true;  // unclassified, yet its MIME type may still win a contest
   const VondPI4thField parameters(fourthField);
   if (!parameters.IsValid()) return false;
-  record.fourthField = fourthField;
+  record.fourthField.refer(fourthField);  // the end of the attribute's own text
   record.dlnaPn = parameters.GetParameter("DLNA.ORG_PN");
   record.orsaPn = parameters.GetParameter("ORSA.COM_PN");
   record.aribPn = parameters.GetParameter("ARIB.OR.JP_PN");
@@ -71,7 +69,7 @@ bool TarqDlnaResSelection::readRecord(const TARQ_Object* object, unsigned int in
   record.category =
       selectMediaCategory(record.mimeType.c_str(), record.extension.c_str(), record.dlnaPn.c_str());
   if (record.category == kCategoryPhoto || record.category == kCategoryVideo) {
-    record.resolution = attribute(object, index, "resolution");
+    record.resolution.refer(attribute(object, index, "resolution"));
   }
   if (record.category == kCategoryPhoto) {
     const char* entries = attribute(object, index, "av:mpfEntries");

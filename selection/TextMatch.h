@@ -9,12 +9,12 @@
 // letters.
 
 inline bool equals(const char* text, const char* wanted) {
-  return text != nullptr && std::strcmp(text, wanted) == 0;
+  return text != nullptr && *text == *wanted && std::strcmp(text, wanted) == 0;
 }
 
 // Over the length of `prefix`: "video/3gpp2" begins with "video/3gpp".
 inline bool beginsWith(const char* text, std::string_view prefix) {
-  return text != nullptr && std::strncmp(text, prefix.data(), prefix.size()) == 0;
+  return text != nullptr && *text == prefix.front() && std::strncmp(text, prefix.data(), prefix.size()) == 0;
 }
 
 inline bool equalsIgnoringCase(const char* text, std::string_view wanted) {

@@ -75,7 +75,7 @@ bool TarqDlnaResSelection::classifyVideo(TarqDlnaResMetadata& record, ResScore& 
     score.rule = ResRule::kProfileNotInRegion;
     return false;
   }
-  record.format = row.format;
+  record.format.refer(row.format);
   score.rule = ResRule::kProfile;
   score.primary.format = kKnownFormatPoints;
   return true;
@@ -86,7 +86,7 @@ int32_t TarqDlnaResSelection::classifyByCodec(TarqDlnaResMetadata& record, ResRu
   int weight = 0;
   const char* format = getVideoCodecFormat(record.mimeType.c_str(), record.extension.c_str(), &weight);
   if (format == nullptr) return 0;
-  record.format = format;
+  record.format.refer(format);
   rule = weight == kKnownFormatPoints ? ResRule::kMimeAndExtension : ResRule::kMimeGuess;
   return weight;
 }
@@ -97,7 +97,7 @@ bool TarqDlnaResSelection::classifyByMimeRule(TarqDlnaResMetadata& record, ResSc
   for (const MimeRule& rule : kMimeRules) {
     if (rule.position < position || rule.position > last) continue;
     if (!passes(rule, record.extension.c_str(), region)) continue;
-    record.format = rule.format;
+    record.format.refer(rule.format);
     score.rule = ResRule::kUnknownProfileMime;
     score.primary.format += kKnownFormatPoints;
   }

@@ -169,8 +169,10 @@ class VondArrayMapT {
 
  private:
   int positionOf(const K& key) const {
-    for (int i = 0; i < list_.size(); ++i) {
-      if (list_.get(i).key == key) return i;
+    const int count = list_.size();
+    const VondMapEntryT<K, V>* entries = count == 0 ? nullptr : &list_.get(0);
+    for (int i = 0; i < count; ++i) {
+      if (entries[i].key == key) return i;
     }
     return -1;
   }

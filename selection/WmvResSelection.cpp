@@ -52,14 +52,14 @@ bool TarqDlnaResSelection::IsWMVContent(int count, const TarqDlnaResMetadata* re
 
 bool TarqDlnaResSelection::classifyWmv(TarqDlnaResMetadata& record, ResScore& score) const {
   if (const VideoProfileRow* row = findByPrefix(wmvProfileTable, region, record)) {
-    record.format = row->format;
+    record.format.refer(row->format);
     const bool seekable = declaresByteSeek(record.fourthField.c_str());
     score.rule = seekable ? ResRule::kSeekable : ResRule::kNotSeekable;
     (seekable ? score.primary : score.secondary).format = seekable ? kPrimaryPoints : kSecondaryPoints;
     return true;
   }
   if (const VideoProfileRow* row = findByPrefix(videoProfileTable, region, record)) {
-    record.format = row->format;
+    record.format.refer(row->format);
     score.rule = ResRule::kProfile;
     score.primary.format = kPrimaryPoints;
     return true;
@@ -72,7 +72,7 @@ bool TarqDlnaResSelection::classifyWmv(TarqDlnaResMetadata& record, ResScore& sc
     return weight != 0;
   }
   if (!beginsWith(record.mimeType.c_str(), "video/mp4")) return false;
-  record.format = "MPEG4";
+  record.format.refer("MPEG4");
   score.rule = ResRule::kUnknownProfileMime;
   score.primary.format = kPrimaryPoints;
   return true;

@@ -37,12 +37,14 @@ constexpr bool equalIgnoringCase(std::string_view a, std::string_view b) {
 // Most names that are compared differ in their first byte.
 inline bool sameText(const char* a, const char* b) { return *a == *b && std::strcmp(a, b) == 0; }
 
-// A copy of `text`, which is `length` bytes long, with its NUL: in `inlineBuffer` where it fits, else in a
-// block that the caller frees. Null: no memory.
+// A copy of the first `length` bytes of `text` with a NUL behind them: in `inlineBuffer` where it fits, else
+// in a block that the caller frees. Null: no memory.
 template <size_t N>
 char* copyText(const char* text, size_t length, char (&inlineBuffer)[N]) {
   char* copy = length < N ? inlineBuffer : static_cast<char*>(std::malloc(length + 1));
-  if (copy != nullptr) std::memcpy(copy, text, length + 1);
+  if (copy == nullptr) return nullptr;
+  std::memcpy(copy, text, length);
+  copy[length] = '\0';
   return copy;
 }
 

@@ -52,18 +52,25 @@ const char* joinedText(pugi::xml_node element) {
 
 class ElementAttributes final : public UpnpAvAttributes {
  public:
-  explicit ElementAttributes(pugi::xml_node element) : element_(element) {}
+  explicit ElementAttributes(pugi::xml_node element) : element_(element), first_(element.first_attribute()) {}
 
+  // Most names differ in their first byte: that spares most comparisons, which xml_node::attribute would all
+  // make.
   const char* GetValue(const char* name) const noexcept override {
-    const pugi::xml_attribute found = name != nullptr ? element_.attribute(name) : pugi::xml_attribute();
-    return found ? found.value() : nullptr;
+    if (name == nullptr) return nullptr;
+    for (pugi::xml_attribute each = first_; !each.empty(); each = each.next_attribute()) {
+      const char* candidate = each.name();
+      if (*candidate == *name && std::strcmp(candidate, name) == 0) return each.value();
+    }
+    return nullptr;
   }
 
   pugi::xml_node element() const { return element_; }
-  const UpnpAvAttributes* orNull() const { return element_.first_attribute() ? this : nullptr; }
+  const UpnpAvAttributes* orNull() const { return first_.empty() ? nullptr : this; }
 
  private:
   pugi::xml_node element_;
+  pugi::xml_attribute first_;
 };
 
 class ElementProperty final : public UpnpAvProperty {
@@ -128,11 +135,13 @@ class ElementObject final : public UpnpAvObject {
 
   pugi::xml_node firstChild() const { return attributes_.element().first_child(); }
 
-  // Null: no memory, or `name` is null. Few names are ever asked for, each of them often.
+  // Null: no memory, or `name` is null. Few names are ever asked for, each of them often and in a row.
   const Properties* propertiesNamed(const char* name) const {
     if (name == nullptr) return nullptr;
-    for (const NamedProperties& known : known_)
-      if (sameText(known.name.c_str(), name)) return &known.properties;
+    if (last_ < known_.size() && std::strcmp(known_[last_].name.c_str(), name) == 0)
+      return &known_[last_].properties;
+    for (last_ = 0; last_ < known_.size(); ++last_)
+      if (std::strcmp(known_[last_].name.c_str(), name) == 0) return &known_[last_].properties;
     try {
       return &known_.emplace_back(NamedProperties{name, collect(name)}).properties;
     } catch (const std::bad_alloc&) {
@@ -152,6 +161,7 @@ class ElementObject final : public UpnpAvObject {
   const std::string& prefix_;
   mutable int count_ = -1;  // -1: not counted yet
   mutable std::vector<NamedProperties> known_;
+  mutable size_t last_ = 0;  // the one asked for last
 };
 
 // The one element at the top level; null when there is none, or anything but white space beside it.

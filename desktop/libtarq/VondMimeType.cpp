@@ -51,10 +51,7 @@ VondMimeType::VondMimeType(const char* text) noexcept {
   subtype_ = subtype;
 }
 
-bool VondMimeType::IsValid() const noexcept { return !type_.empty(); }
-
-bool VondMimeType::Match(const char* pattern) const noexcept {
-  if (type_.empty() || pattern == nullptr) return false;
+bool VondMimeType::matchWhole(const char* pattern) const noexcept {
   const char* rest = behindToken(pattern, type_);
   if (rest == nullptr || *rest++ != '/') return false;
   if (*rest == '*' && endsType(rest + 1)) return true;

@@ -16,7 +16,7 @@ struct Part {
   size_t length() const { return static_cast<size_t>(end - begin); }
 };
 
-Part withoutBlanks(Part part) {
+inline Part withoutBlanks(Part part) {
   while (!part.isEmpty() && isBlank(*part.begin)) ++part.begin;
   while (!part.isEmpty() && isBlank(part.end[-1])) --part.end;
   return part;
@@ -41,15 +41,12 @@ VondNameValueList::~VondNameValueList() {
   if (items_ != inlineItems_) std::free(items_);
 }
 
-bool VondNameValueList::IsValid() const noexcept { return valid_; }
-
 // The names of one list begin alike ("DLNA.ORG_..."): length and last byte tell them apart soonest.
-const char* VondNameValueList::GetParameter(const char* name) const noexcept {
-  const size_t length = name != nullptr ? std::strlen(name) : 0;
-  if (!valid_ || length == 0) return nullptr;
+const char* VondNameValueList::find(std::string_view name) const noexcept {
+  if (!valid_ || name.empty()) return nullptr;
   for (const Item* item = items_; item != items_ + count_; ++item) {
-    if (item->nameLength == length && item->name[length - 1] == name[length - 1] &&
-        std::memcmp(item->name, name, length) == 0) {
+    if (item->nameLength == name.size() && item->name[name.size() - 1] == name.back() &&
+        std::memcmp(item->name, name.data(), name.size()) == 0) {
       return item->value;
     }
   }

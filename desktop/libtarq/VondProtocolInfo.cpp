@@ -7,21 +7,24 @@
 
 VondProtocolInfo::VondProtocolInfo(const char* text) noexcept {
   if (text == nullptr) return;
-  copy_ = copyText(text, std::strlen(text), inline_);
-  char* rest = copy_;
-  for (int n = 0; n < kFields && rest != nullptr; ++n) {
-    fields_[n] = rest;
-    rest = n + 1 < kFields ? std::strchr(rest, ':') : nullptr;
-    if (rest != nullptr) *rest++ = '\0';
+  const char* colons[kFields - 1] = {};
+  int count = 0;
+  const char* last = text;  // the field behind the last ":"
+  while (count < kFields - 1 && (colons[count] = std::strchr(last, ':')) != nullptr)
+    last = colons[count++] + 1;
+  if (count == 0) return;
+
+  const size_t head = static_cast<size_t>(last - text);
+  copy_ = copyText(text, head, inline_);
+  if (copy_ == nullptr) return;
+  fields_[0] = copy_;
+  for (int n = 0; n < count; ++n) {
+    const ptrdiff_t end = colons[n] - text;
+    copy_[end] = '\0';
+    fields_[n + 1] = n + 1 < count ? copy_ + end + 1 : last;
   }
 }
 
 VondProtocolInfo::~VondProtocolInfo() {
   if (copy_ != inline_) std::free(copy_);
-}
-
-bool VondProtocolInfo::IsValid() const noexcept { return fields_[1] != nullptr; }
-
-const char* VondProtocolInfo::GetField(int n) const noexcept {
-  return IsValid() && n >= 1 && n <= kFields ? fields_[n - 1] : nullptr;
 }

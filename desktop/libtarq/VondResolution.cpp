@@ -1,34 +1,34 @@
 #include "VondResolution.h"
 
-#include <charconv>
 #include <cstdint>
 #include <limits>
 #include <new>
-#include <string_view>
+
+#include "AsciiText.h"
 
 namespace {
 
+constexpr uint64_t kMaxInt = std::numeric_limits<int32_t>::max();
+
 // Reads digits at `*text` and moves it behind them. False: none there, or more than a signed 32-bit integer
 // holds.
-bool readNumber(const char** text, const char* end, int* number) {
-  uint32_t value = 0;  // unsigned: no sign is accepted
-  const auto [next, error] = std::from_chars(*text, end, value);
-  if (error != std::errc() || value > static_cast<uint32_t>(std::numeric_limits<int32_t>::max()))
-    return false;
-  *text = next;
+bool readNumber(const char** text, int* number) {
+  const char* begin = *text;
+  uint64_t value = 0;
+  for (; isDigit(**text) && value <= kMaxInt; ++*text)
+    value = 10 * value + static_cast<uint64_t>(**text - '0');
   *number = static_cast<int>(value);
-  return true;
+  return *text != begin && value <= kMaxInt;
 }
 
 }  // namespace
 
 VondResolution* VondResolution::Parse(const char* text, int separator) noexcept {
   if (text == nullptr) return nullptr;
-  const char* end = text + std::string_view(text).size();
   int width = 0;
   int height = 0;
-  const bool parsed = readNumber(&text, end, &width) && *text == static_cast<char>(separator) &&
-                      readNumber(&++text, end, &height) && text == end;
+  const bool parsed = readNumber(&text, &width) && *text == static_cast<char>(separator) &&
+                      readNumber(&++text, &height) && *text == '\0';
   return new (std::nothrow) VondResolution(parsed ? 0 : -1, parsed ? width : 0, parsed ? height : 0);
 }
 

@@ -5,40 +5,16 @@
 #include <cstring>
 #include <limits>
 
-VondString::VondString() noexcept = default;
+VondString::VondString(const char* text) noexcept { *this = text; }
 
-VondString::VondString(const char* text) noexcept {
-  if (text != nullptr) set(text, std::strlen(text));
-}
+VondString::VondString(const char* text, size_t length) noexcept { assign(text, length); }
 
-VondString::VondString(const char* text, size_t length) noexcept {
-  if (text != nullptr) set(text, length);
-}
-
-VondString::VondString(const VondString& other) noexcept {
-  if (other.text_ != nullptr) set(other.text_, other.length_);
-}
+VondString::VondString(const VondString& other) noexcept { assign(other.text_, other.length_); }
 
 VondString::VondString(VondString&& other) noexcept { take(other); }
 
-VondString::~VondString() { release(); }
-
-VondString& VondString::operator=(const char* text) noexcept {
-  if (text == nullptr) {
-    release();
-  } else {
-    set(text, std::strlen(text));
-  }
-  return *this;
-}
-
 VondString& VondString::operator=(const VondString& other) noexcept {
-  if (this == &other) return *this;
-  if (other.text_ == nullptr) {
-    release();
-  } else {
-    set(other.text_, other.length_);
-  }
+  if (this != &other) assign(other.text_, other.length_);
   return *this;
 }
 
@@ -50,74 +26,61 @@ VondString& VondString::operator=(VondString&& other) noexcept {
   return *this;
 }
 
+// A part of this string always fits where the whole is, so nothing is released under `text`.
+void VondString::set(const char* text, size_t length) noexcept {
+  char* room = capacity_ == 0 && length < kInlineBytes ? inline_ : reserve(length);
+  if (room == nullptr) return;
+  std::memmove(room, text, length);
+  room[length] = '\0';
+  text_ = room;
+  length_ = static_cast<uint32_t>(length);
+}
+
 VondString& VondString::append(const char* text) noexcept {
   if (text == nullptr) return *this;
   const size_t added = std::strlen(text);
   const size_t before = length_;
-  if (!reserve(before + added)) return *this;
-  std::memcpy(text_ + before, text, added + 1);
+  char* room = reserve(before + added);
+  if (room == nullptr) return *this;
+  std::memcpy(room + before, text, added + 1);
+  text_ = room;
   length_ = static_cast<uint32_t>(before + added);
   return *this;
 }
 
-bool VondString::onHeap() const noexcept { return text_ != nullptr && text_ != inline_; }
-
-const char* VondString::c_str() const noexcept { return text_; }
-size_t VondString::length() const noexcept { return length_; }
-
-bool operator==(const VondString& a, const VondString& b) noexcept {
-  if (a.text_ == nullptr || b.text_ == nullptr) return a.text_ == b.text_;
-  return a.length_ == b.length_ && std::memcmp(a.text_, b.text_, a.length_) == 0;
-}
-
-// `text` may be a part of this string: such a part always fits where it is, so nothing is released under it.
-void VondString::set(const char* text, size_t length) noexcept {
-  if (!reserve(length)) return;
-  std::memmove(text_, text, length);
-  text_[length] = '\0';
-  length_ = static_cast<uint32_t>(length);
-}
-
-// Makes room for `length` bytes and a NUL, keeping what is there. False: no memory, the string is absent.
-bool VondString::reserve(size_t length) noexcept {
-  if (text_ == nullptr) text_ = inline_;
-  const uint32_t room = onHeap() ? capacity_ : kInlineBytes;
-  if (length < room) return true;
+// Room for `length` bytes and a NUL that begins with what is there. Null: no memory, the string is absent.
+char* VondString::reserve(size_t length) noexcept {
+  const bool ownText = capacity_ != 0 || text_ == inline_ || text_ == nullptr;
+  const uint32_t room = capacity_ != 0 ? capacity_ : kInlineBytes;
+  if (ownText && length < room) return capacity_ != 0 ? const_cast<char*>(text_) : inline_;
 
   // At least twice the room, so that building a long text piece by piece costs linear time.
   constexpr size_t kMaxRoom = std::numeric_limits<uint32_t>::max();
-  const size_t wanted = std::min(std::max(length + 1, onHeap() ? size_t{2} * room : 0), kMaxRoom);
+  const size_t wanted = std::min(std::max(length + 1, capacity_ != 0 ? size_t{2} * room : 0), kMaxRoom);
   char* block = length < kMaxRoom ? static_cast<char*>(std::malloc(wanted)) : nullptr;
   if (block == nullptr) {
     release();
-    return false;
+    return nullptr;
   }
-  std::memcpy(block, text_, length_);
-  char* before = onHeap() ? text_ : nullptr;
+  if (length_ != 0) std::memcpy(block, text_, length_);
+  if (capacity_ != 0) freeBlock();
   text_ = block;
   capacity_ = static_cast<uint32_t>(wanted);
-  std::free(before);
-  return true;
+  return block;
 }
 
 // Becomes what `other` is; `other` becomes absent. This string must be absent.
 void VondString::take(VondString& other) noexcept {
-  if (other.text_ == nullptr) return;
+  text_ = other.text_;
   length_ = other.length_;
-  if (other.onHeap()) {
-    text_ = other.text_;
-    capacity_ = other.capacity_;
-  } else {
+  capacity_ = other.capacity_;
+  if (text_ == other.inline_) {
+    std::memcpy(inline_, other.inline_, length_ + size_t{1});
     text_ = inline_;
-    std::memcpy(inline_, other.inline_, other.length_ + size_t{1});
   }
   other.text_ = nullptr;
   other.length_ = 0;
+  other.capacity_ = 0;
 }
 
-// Becomes absent.
-void VondString::release() noexcept {
-  if (onHeap()) std::free(text_);
-  text_ = nullptr;
-  length_ = 0;
-}
+void VondString::freeBlock() noexcept { std::free(const_cast<char*>(text_)); }

@@ -6,6 +6,7 @@
 
 #include "TarqDmrCpParamsInterface.h"
 #include "TarqDmrParamsInterface.h"
+#include "TarqDmrPlayerInterface.h"
 #include "TarqDmrSpecInterface.h"
 #include "TarqHostApi.h"
 #include "TarqNetworkAccessControlInterface.h"
@@ -42,6 +43,7 @@ TARQ_PLUGIN_EXPORT TarqDmrSpecInterface* GetSpec();
 TARQ_PLUGIN_EXPORT TarqDmrCpParamsInterface* GetCpParams();
 TARQ_PLUGIN_EXPORT _TarqNetworkAccessControlInterface* GetDeviceNac();
 TARQ_PLUGIN_EXPORT TarqDmrParamsInterface* GetParams();
+TARQ_PLUGIN_EXPORT TarqDmrPlayerInterface* GetPlayer();
 }
 
 #endif  // TARQ_DMR_PLUGIN_H_

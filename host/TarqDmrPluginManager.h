@@ -24,6 +24,7 @@ class TARQ_HOST_API TarqDmrPluginManager {
   TarqDmrCpParamsInterface* GetCpParams();
   _TarqNetworkAccessControlInterface* GetDeviceNac();
   TarqDmrParamsInterface* GetParams();
+  TarqDmrPlayerInterface* GetPlayer();
 
  private:
   TarqDmrPluginManager() = default;

@@ -23,6 +23,7 @@ struct Exports {
   decltype(&::GetCpParams) getCpParams;
   decltype(&::GetDeviceNac) getDeviceNac;
   decltype(&::GetParams) getParams;
+  decltype(&::GetPlayer) getPlayer;
 };
 
 template <auto Member>
@@ -47,6 +48,7 @@ constexpr ExportRow kExports[] = {
     {"GetCpParams", assign<&Exports::getCpParams>},
     {"GetDeviceNac", assign<&Exports::getDeviceNac>},
     {"GetParams", assign<&Exports::getParams>},
+    {"GetPlayer", assign<&Exports::getPlayer>},
 };
 
 struct LoadedPlugin {
@@ -55,6 +57,7 @@ struct LoadedPlugin {
   TarqDmrCpParamsInterface* cpParams;
   _TarqNetworkAccessControlInterface* deviceNac;
   TarqDmrParamsInterface* params;
+  TarqDmrPlayerInterface* player;
 };
 
 LoadedPlugin loadedPlugin;
@@ -85,6 +88,7 @@ const char* fetchObjects(const Exports& exports, LoadedPlugin& plugin) {
   if ((plugin.cpParams = exports.getCpParams()) == nullptr) return "GetCpParams";
   if ((plugin.deviceNac = exports.getDeviceNac()) == nullptr) return "GetDeviceNac";
   if ((plugin.params = exports.getParams()) == nullptr) return "GetParams";
+  if ((plugin.player = exports.getPlayer()) == nullptr) return "GetPlayer";
   return nullptr;
 }
 
@@ -165,3 +169,4 @@ _TarqNetworkAccessControlInterface* TarqDmrPluginManager::GetDeviceNac() {
   return objectOfCurrent<&LoadedPlugin::deviceNac>();
 }
 TarqDmrParamsInterface* TarqDmrPluginManager::GetParams() { return objectOfCurrent<&LoadedPlugin::params>(); }
+TarqDmrPlayerInterface* TarqDmrPluginManager::GetPlayer() { return objectOfCurrent<&LoadedPlugin::player>(); }

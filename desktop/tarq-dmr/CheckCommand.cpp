@@ -9,20 +9,6 @@
 
 namespace {
 
-constexpr size_t kMetadataLimitBytes = size_t{64} << 20;
-
-std::string readMetadata(const std::string& path) {
-  InputFile file(path);
-  std::string text;
-  char block[1 << 16];
-  while (const size_t count = file.read(block, sizeof block)) {
-    text.append(block, count);
-    if (text.size() > kMetadataLimitBytes) throw CommandError(path + ": more than 64 MiB of metadata");
-  }
-  if (text.find('\0') != std::string::npos) throw CommandError(path + ": metadata with a NUL byte in it");
-  return text;
-}
-
 void printResultLine(int code, const TarqResourceInfo& resource) {
   JsonText json;
   if (code == 0) {

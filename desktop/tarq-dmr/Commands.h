@@ -52,6 +52,18 @@ struct BatchOptions {
 };
 int runBatch(const BatchOptions& options);
 
+struct PlayOptions {
+  HostOptions host;
+  std::string uri;
+  std::optional<std::string> metadataFile;  // "-": standard input
+  int32_t region = 0;
+  std::optional<std::string> nextUri;
+  std::string handlerJar;    // empty: none but the one that is installed with this program
+  std::string handlerClass;  // empty: the desktop handler
+  std::string program;       // empty: none
+};
+int runPlay(const PlayOptions& options);
+
 struct DemoOptions {
   HostOptions host;
 };

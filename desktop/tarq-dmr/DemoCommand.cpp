@@ -1,10 +1,13 @@
+#include <chrono>
 #include <cstdio>
 #include <span>
 #include <string>
+#include <thread>
 
 #include "Commands.h"
 #include "DemoServer.h"
 #include "HostSession.h"
+#include "PlayerSession.h"
 #include "ResultText.h"
 #include "SinkEntries.h"
 #include "TextOutput.h"
@@ -37,6 +40,11 @@ constexpr DemoRes kBusy = {
     {"/media/42/converted.mpg", 503, "video/mpeg", "DLNA.ORG_PN=MPEG_PS_NTSC;DLNA.ORG_OP=01;DLNA.ORG_CI=0"},
     "the server has no time for it",
     R"(size="52428800" duration="0:01:30.000" resolution="720x480")"};
+
+constexpr DemoRes kClip = {
+    {"/clips/bell.mp3", 200, "audio/mpeg", "DLNA.ORG_PN=MP3;DLNA.ORG_OP=01;DLNA.ORG_CI=0"},
+    "a short clip",
+    R"(size="25600" duration="0:00:02.000")"};
 
 constexpr DemoRes kVideoItem[] = {kThumbnail, kConverted, kOriginal};
 
@@ -74,13 +82,14 @@ class Demo {
   void showProbe();
   void checkQuickly();
   void checkBusyItem();
+  void playClip();
 
   void step(const char* title) { std::printf("\n%d. %s\n", ++step_, title); }
   void expect(bool holds, const char* what);
 
   TarqDmrPluginManager& host_;
   TarqDmrParamsInterface& params_;
-  DemoServer server_{{kThumbnail.file, kConverted.file, kOriginal.file, kBusy.file}};
+  DemoServer server_{{kThumbnail.file, kConverted.file, kOriginal.file, kBusy.file, kClip.file}};
   int step_ = 0;
   int failures_ = 0;
 };
@@ -92,6 +101,7 @@ int Demo::run() {
   checkItem();
   checkQuickly();
   checkBusyItem();
+  playClip();
   if (failures_ == 0) {
     std::printf("\nAll %d steps came out as they should.\n", step_);
   } else {
@@ -186,6 +196,30 @@ void Demo::checkBusyItem() {
   const int code = newChecker(params_)->CheckResource(uri.c_str(), didlLite(server_, {&kBusy, 1}).c_str());
   noteResult(code);
   expect(code == 55107, "it is refused because the server answered 503");
+}
+
+void Demo::playClip() {
+  step("The player hands a clip to its Java handler, which plays it to the end");
+  const std::string metadata = didlLite(server_, {&kClip, 1});
+  const auto checker = newChecker(params_);
+  const int code = checker->CheckResource(server_.url(kClip.file.path).c_str(), metadata.c_str());
+  expect(code == 0, "the clip is accepted");
+  if (code != 0) return noteResult(code);
+  try {
+    PlayerSession session(*host_.GetPlayer(), "", "");
+    session.setSource(*checker->GetResource(), metadata.c_str());
+    note("source", checker->GetResource()->uri);
+    session.start();
+    PlayMoment moment = session.moment();
+    for (; moment.state != kStateStopped; moment = session.moment()) {
+      note("state", describe(moment));
+      std::this_thread::sleep_for(std::chrono::milliseconds(500));
+    }
+    note("state", describe(moment));
+  } catch (const PlayerFailure& failure) {
+    note(failure.operation, describePlayerResult(failure.code));
+    expect(false, "the handler answers with success");
+  }
 }
 
 }  // namespace

@@ -9,6 +9,12 @@
 
 #include "Commands.h"
 
+namespace {
+
+constexpr size_t kMetadataLimitBytes = size_t{64} << 20;
+
+}  // namespace
+
 InputFile::InputFile(const std::string& path)
     : path_(path), descriptor_(path == "-" ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
   if (descriptor_ < 0) fail();
@@ -32,3 +38,15 @@ size_t InputFile::read(char* to, size_t capacity) {
 }
 
 void InputFile::fail() const { throw CommandError("cannot read " + path_ + ": " + std::strerror(errno)); }
+
+std::string readMetadata(const std::string& path) {
+  InputFile file(path);
+  std::string text;
+  char block[1 << 16];
+  while (const size_t count = file.read(block, sizeof block)) {
+    text.append(block, count);
+    if (text.size() > kMetadataLimitBytes) throw CommandError(path + ": more than 64 MiB of metadata");
+  }
+  if (text.find('\0') != std::string::npos) throw CommandError(path + ": metadata with a NUL byte in it");
+  return text;
+}

@@ -23,4 +23,7 @@ class InputFile {
   int descriptor_;
 };
 
+// The whole of a metadata file or of standard input ("-"), up to 64 MiB and without a NUL byte in it.
+std::string readMetadata(const std::string& path);
+
 #endif  // TARQ_DMR_INPUT_FILE_H_

@@ -22,6 +22,7 @@ struct CommandLine {
   SinkOptions sink;
   CheckOptions check;
   BatchOptions batch;
+  PlayOptions play;
   DemoOptions demo;
   std::function<int()> run;
 };
@@ -125,6 +126,37 @@ void addCheck(CLI::App& app, CommandLine& line) {
   });
 }
 
+constexpr const char* kPlayHelp =
+    "Examples:\n"
+    "  tarq-dmr play http://192.168.0.2:8200/MediaItems/23.mp3 --metadata item.xml\n"
+    "  tarq-dmr play http://192.168.0.2:8200/MediaItems/23.mp3 --exec \"mpv --really-quiet {uri}\"\n"
+    "  tarq-dmr play http://192.168.0.2:8200/MediaItems/23.mp3 --handler-jar my.jar --handler my.Handler\n\n"
+    "Needs a Java VM, 17 or newer: the one in JAVA_HOME, else of the java on the PATH, else an installed "
+    "one.\n"
+    "The program of --exec plays, and the track is over when it ends. Quotes around an argument keep its\n"
+    "blanks, {uri} is replaced, no shell is involved. Without --exec nothing is heard: the position runs to\n"
+    "the duration that the metadata tells, and a track of unknown duration goes on until Ctrl-C. Ctrl-C\n"
+    "stops the track and ends with 0; an error of the handler ends with 1. A handler is a public class\n"
+    "derived from com.orsa.tarq.dlna.TarqRendererHandler with a constructor without arguments.\n\n";
+
+void addPlay(CLI::App& app, CommandLine& line) {
+  PlayOptions& play = line.play;
+  CLI::App& command = addCommand(app, "play", "Check a resource and play it through a Java handler",
+                                 play.host, std::string(kPlayHelp) + kRegionHelp);
+  play.host.logLevel = "silent";
+  addRegion(command, play.region);
+  command.add_option("uri", play.uri, "The URI to play")->required();
+  command.add_option("--metadata", play.metadataFile, "DIDL-Lite of the item; - is standard input")
+      ->type_name("FILE");
+  command.add_option("--next", play.nextUri, "What to play after it")->type_name("URI");
+  command.add_option("--handler-jar", play.handlerJar, "Jar file with a handler of your own")
+      ->type_name("JAR");
+  command.add_option("--handler", play.handlerClass, "Its class (default: the desktop handler)")
+      ->type_name("CLASS");
+  command.add_option("--exec", play.program, "Program that plays, with its arguments")->type_name("CMD");
+  command.callback([&line] { line.run = [&line] { return runPlay(line.play); }; });
+}
+
 void addDemo(CLI::App& app, CommandLine& line) {
   CLI::App& command = addCommand(
       app, "demo", "Show one whole request against a media server of its own", line.demo.host,
@@ -153,6 +185,7 @@ int runCommandLine(int argc, char** argv) {
   addInfo(app, line);
   addSink(app, line);
   addCheck(app, line);
+  addPlay(app, line);
   addDemo(app, line);
   try {
     app.parse(argc, argv);

@@ -7,7 +7,7 @@
 namespace {
 
 std::string calls;
-char objects[4];
+char objects[5];
 
 bool called(const char* function) {
   calls.append(calls.empty() ? "" : " ").append(function);
@@ -42,3 +42,4 @@ _TarqNetworkAccessControlInterface* GetDeviceNac() {
   return object<_TarqNetworkAccessControlInterface>("GetDeviceNac", &objects[2]);
 }
 TarqDmrParamsInterface* GetParams() { return object<TarqDmrParamsInterface>("GetParams", &objects[3]); }
+TarqDmrPlayerInterface* GetPlayer() { return object<TarqDmrPlayerInterface>("GetPlayer", &objects[4]); }

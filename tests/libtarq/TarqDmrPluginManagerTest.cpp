@@ -44,12 +44,12 @@ TEST(TarqDmrPluginManager, TellsWhatIsWrongThenAdoptsThenLoads) {
   EXPECT_NE(manager->GetParams(), nullptr);
   EXPECT_EQ(manager->GetPluginInfo()->version[0], 7);
   const std::string adopting = callsOf(library);
-  EXPECT_EQ(adopting, "GetPluginInfo GetSpec GetCpParams GetDeviceNac GetParams");
+  EXPECT_EQ(adopting, "GetPluginInfo GetSpec GetCpParams GetDeviceNac GetParams GetPlayer");
 
   EXPECT_EQ(manager->Load(FAKE_PLUGIN, "/res"), 0) << manager->GetLoadError();
   EXPECT_STREQ(manager->GetLoadError(), "");
   EXPECT_EQ(std::string(callsOf(library)).substr(adopting.size()),
-            " GetPluginInfo Initialize GetSpec GetCpParams GetDeviceNac GetParams Start");
+            " GetPluginInfo Initialize GetSpec GetCpParams GetDeviceNac GetParams GetPlayer Start");
   const auto getter = reinterpret_cast<decltype(&GetCpParams)>(dlsym(library, "GetCpParams"));
   EXPECT_EQ(manager->GetCpParams(), getter());
 

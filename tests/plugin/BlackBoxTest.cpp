@@ -49,8 +49,8 @@ TEST(Library, ExportsItsFunctionsAndNothingElse) {
     fields >> address >> kind >> name;
     names.insert(name);
   }
-  EXPECT_THAT(names, ElementsAre("Finalize", "GetCpParams", "GetDeviceNac", "GetParams", "GetPluginInfo",
-                                 "GetSpec", "Initialize", "Start", "Stop"));
+  EXPECT_THAT(names, ElementsAre("Finalize", "GetCpParams", "GetDeviceNac", "GetParams", "GetPlayer",
+                                 "GetPluginInfo", "GetSpec", "Initialize", "Start", "Stop"));
 }
 
 TEST(Lifecycle, CopiesTheInformationRecord) {

@@ -64,7 +64,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& row) { return std::string(row.param.name); });
 
 TEST(Program, HelpsOnEveryCommand) {
-  for (const char* command : {"info", "sink", "check", "demo"}) {
+  for (const char* command : {"info", "sink", "check", "play", "demo"}) {
     const Outcome outcome = runProgram({command, "--help"});
     EXPECT_EQ(outcome.exitCode, 0) << command;
     EXPECT_THAT(outcome.out, AllOf(HasSubstr("--plugin"), HasSubstr("Exit codes"))) << command;

@@ -1,0 +1,225 @@
+package com.orsa.tarq.dlna;
+
+import java.io.IOException;
+import java.util.HashMap;
+import java.util.LinkedHashMap;
+import java.util.Map;
+import java.util.Set;
+
+/**
+ * A renderer for the desk: it keeps the state of one transport as a real player would, whatever the
+ * id, and lets another program do the playing when it is given one. Without one nothing is heard; the
+ * position runs all the same.
+ *
+ * <p>A track is over when its position reaches its duration, or when its program has ended. A track of
+ * unknown duration without a program goes on until it is stopped. That a track is over is noticed when
+ * the handler is called next.
+ */
+public final class DesktopRendererHandler extends TarqRendererHandler {
+  /** The program could not be started. */
+  public static final int PROGRAM_FAILED = 100;
+
+  private static final Map<String, Double> SPEEDS = new LinkedHashMap<>();
+  private static final Set<String> CHANNELS = Set.of("Master", "LF", "RF");
+  private static final int MAX_VOLUME = 100;
+
+  static {
+    SPEEDS.put("1/2", 0.5);
+    SPEEDS.put("1", 1.0);
+    SPEEDS.put("2", 2.0);
+    SPEEDS.put("4", 4.0);
+  }
+
+  private final Map<String, Integer> volumes = new HashMap<>();
+  private final Map<String, Boolean> mutes = new HashMap<>();
+  private final Playhead playhead = new Playhead();
+  private ExternalProgram program; // null: none plays
+  private String uri = ""; // empty: nothing to play
+  private String nextUri = "";
+  private int durationMs; // 0: not known
+  private int state = STOPPED;
+
+  /** Plays every track from now on through that program: see {@link ExternalProgram}. */
+  public synchronized void setProgram(String command) {
+    halt();
+    program = new ExternalProgram(command);
+  }
+
+  /** The duration of the current source, for whoever knows it. */
+  public synchronized void setTrackDuration(int milliseconds) {
+    durationMs = Math.max(milliseconds, 0);
+  }
+
+  @Override
+  public synchronized int setDataSource(int id, String newUri, String metadata, String contentType) {
+    if (!isPlayable(newUri)) return INVALID_ARGUMENT;
+    halt();
+    load(newUri);
+    nextUri = "";
+    return OK;
+  }
+
+  @Override
+  public synchronized int setNextDataSource(int id, String newUri, String metadata, String contentType) {
+    if (!isPlayable(newUri)) return INVALID_ARGUMENT;
+    settle();
+    nextUri = newUri;
+    return OK;
+  }
+
+  @Override
+  public synchronized int start(int id, String speed) {
+    settle();
+    Double factor = SPEEDS.get(speed);
+    if (factor == null || (program != null && factor != 1)) return INVALID_ARGUMENT;
+    if (uri.isEmpty()) return INVALID_STATE;
+    return state == STOPPED ? begin(factor) : run(factor);
+  }
+
+  @Override
+  public synchronized int stop(int id) {
+    halt();
+    return OK;
+  }
+
+  @Override
+  public synchronized int pause(int id) {
+    settle();
+    if (state != PLAYING) return INVALID_STATE;
+    if (program != null) return NOT_SUPPORTED;
+    playhead.run(0);
+    state = PAUSED;
+    return OK;
+  }
+
+  @Override
+  public synchronized int seekTo(int id, int target) {
+    settle();
+    if (state == STOPPED) return INVALID_STATE;
+    if (program != null) return NOT_SUPPORTED;
+    if (target < 0 || (durationMs != 0 && target > durationMs)) return INVALID_ARGUMENT;
+    playhead.jump(target);
+    return OK;
+  }
+
+  @Override
+  public synchronized int next(int id) {
+    settle();
+    if (nextUri.isEmpty()) return INVALID_STATE;
+    return takeNext();
+  }
+
+  @Override
+  public synchronized int getCurrentPosition(int id) {
+    settle();
+    return (int) Math.min(playhead.positionMs(), durationMs != 0 ? durationMs : Integer.MAX_VALUE);
+  }
+
+  @Override
+  public synchronized int getState(int id) {
+    settle();
+    return state;
+  }
+
+  @Override
+  public synchronized int setVolume(int id, String channel, int volume, int qualifier) {
+    if (!CHANNELS.contains(channel) || volume < 0 || volume > MAX_VOLUME) return INVALID_ARGUMENT;
+    volumes.put(channel, volume);
+    return OK;
+  }
+
+  @Override
+  public synchronized int getVolume(int id, String channel, int qualifier) {
+    return volumes.getOrDefault(channel, MAX_VOLUME);
+  }
+
+  @Override
+  public synchronized int setMute(int id, String channel, boolean mute) {
+    if (!CHANNELS.contains(channel)) return INVALID_ARGUMENT;
+    mutes.put(channel, mute);
+    return OK;
+  }
+
+  @Override
+  public synchronized boolean getMute(int id, String channel) {
+    return mutes.getOrDefault(channel, false);
+  }
+
+  @Override
+  public synchronized String getPlaySpeedList(int id) {
+    return program != null ? "1" : String.join(",", SPEEDS.keySet());
+  }
+
+  @Override
+  public synchronized String getAction(int id) {
+    settle();
+    if (uri.isEmpty()) return "";
+    String next = nextUri.isEmpty() ? "" : ",Next";
+    if (state == STOPPED) return "Play" + next;
+    if (program != null) return "Stop" + next;
+    return (state == PLAYING ? "Play,Stop,Pause,Seek" : "Play,Stop,Seek") + next;
+  }
+
+  @Override
+  public synchronized int getTrackDuration(int id) {
+    settle();
+    return durationMs;
+  }
+
+  /** Programs take what begins with "-" for an option. */
+  private static boolean isPlayable(String uri) {
+    return !uri.startsWith("-");
+  }
+
+  /** Moves on when the track is over. */
+  private void settle() {
+    if (state != PLAYING || !isOver()) return;
+    if (nextUri.isEmpty()) {
+      halt();
+    } else {
+      takeNext();
+    }
+  }
+
+  private boolean isOver() {
+    if (program != null) return !program.isRunning();
+    return durationMs != 0 && playhead.positionMs() >= durationMs;
+  }
+
+  private int takeNext() {
+    boolean wasPlaying = state == PLAYING;
+    halt();
+    load(nextUri);
+    nextUri = "";
+    return wasPlaying ? begin(1) : OK;
+  }
+
+  private void load(String newUri) {
+    uri = newUri;
+    durationMs = 0;
+  }
+
+  private int begin(double speed) {
+    if (program != null) {
+      try {
+        program.start(uri);
+      } catch (IOException e) {
+        System.err.println(e.getMessage());
+        return PROGRAM_FAILED;
+      }
+    }
+    return run(speed);
+  }
+
+  private int run(double speed) {
+    playhead.run(speed);
+    state = PLAYING;
+    return OK;
+  }
+
+  private void halt() {
+    if (program != null) program.stop();
+    playhead.place(0, 0);
+    state = STOPPED;
+  }
+}

@@ -1,0 +1,47 @@
+#include "JavaHandler.h"
+
+#include <algorithm>
+
+#include "Commands.h"
+#include "TarqJniUtil.h"
+
+JavaHandler::JavaHandler(JNIEnv& env, const std::string& className) : env_(env) {
+  std::string path = className;
+  std::ranges::replace(path, '.', '/');
+  const jclass found = env.FindClass(path.c_str());
+  const jmethodID constructor = found == nullptr ? nullptr : env.GetMethodID(found, "<init>", "()V");
+  object_ = constructor == nullptr ? nullptr : env.NewObject(found, constructor);
+  if (object_ == nullptr || env.ExceptionCheck()) {
+    env.ExceptionDescribe();
+    env.ExceptionClear();
+    throw CommandError("no handler could be made of the Java class " + className);
+  }
+  env.DeleteLocalRef(found);
+}
+
+JavaHandler::~JavaHandler() { env_.DeleteLocalRef(object_); }
+
+bool JavaHandler::setProgram(const std::string& command) {
+  const jmethodID method = findMethod("setProgram", "(Ljava/lang/String;)V");
+  if (method == nullptr) return false;
+  const jstring text = TarqJniUtil::NewJStringUTF8s(&env_, command.c_str());
+  env_.CallVoidMethod(object_, method, text);
+  env_.ExceptionClear();
+  env_.DeleteLocalRef(text);
+  return true;
+}
+
+void JavaHandler::setTrackDuration(int milliseconds) {
+  const jmethodID method = findMethod("setTrackDuration", "(I)V");
+  if (method == nullptr) return;
+  env_.CallVoidMethod(object_, method, jint{milliseconds});
+  env_.ExceptionClear();
+}
+
+jmethodID JavaHandler::findMethod(const char* name, const char* signature) {
+  const jclass handlerClass = env_.GetObjectClass(object_);
+  const jmethodID method = env_.GetMethodID(handlerClass, name, signature);
+  env_.ExceptionClear();
+  env_.DeleteLocalRef(handlerClass);
+  return method;
+}

@@ -1,0 +1,47 @@
+#include "PlayProgress.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <string>
+
+namespace {
+
+constexpr auto kPlainInterval = std::chrono::seconds(1);
+constexpr std::array kStates = {"stopped", "playing", "paused"};  // as TarqRendererHandler numbers them
+
+std::string stateName(int state) {
+  if (state >= 0 && static_cast<size_t>(state) < kStates.size()) return kStates[static_cast<size_t>(state)];
+  return "state " + std::to_string(state);
+}
+
+std::string clockTime(int ms) {
+  const int seconds = std::max(ms, 0) / 1000;
+  char text[32];
+  std::snprintf(text, sizeof text, "%d:%02d:%02d", seconds / 3600, seconds / 60 % 60, seconds % 60);
+  return text;
+}
+
+}  // namespace
+
+std::string describe(const PlayMoment& moment) {
+  const std::string whole = moment.durationMs > 0 ? clockTime(moment.durationMs) : "unknown";
+  return stateName(moment.state) + "  " + clockTime(moment.positionMs) + " / " + whole;
+}
+
+PlayProgress::PlayProgress() : onTerminal_(isatty(STDOUT_FILENO) != 0) {}
+
+PlayProgress::~PlayProgress() {
+  if (onTerminal_ && shown_) std::putchar('\n');
+}
+
+void PlayProgress::show(const PlayMoment& moment) {
+  const auto now = std::chrono::steady_clock::now();
+  if (!onTerminal_ && shown_ && now - *shown_ < kPlainInterval) return;
+  shown_ = now;
+  // On a terminal the line is cleared and written over the next time.
+  std::printf(onTerminal_ ? "\r\x1b[K%s" : "%s\n", describe(moment).c_str());
+  std::fflush(stdout);
+}

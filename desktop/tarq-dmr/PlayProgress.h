@@ -1,0 +1,35 @@
+#ifndef TARQ_DMR_PLAY_PROGRESS_H_
+#define TARQ_DMR_PLAY_PROGRESS_H_
+
+#include <chrono>
+#include <optional>
+#include <string>
+
+inline constexpr int kStateStopped = 0;  // of TarqRendererHandler's states
+
+// Where the player is, as it told.
+struct PlayMoment {
+  int state;
+  int positionMs;
+  int durationMs;  // 0: not known
+};
+
+std::string describe(const PlayMoment& moment);  // "playing  0:00:07 / 0:42:07"
+
+// Shows on standard output how far a track is: on a terminal one line that changes, elsewhere a line a second
+// at most.
+class PlayProgress {
+ public:
+  PlayProgress();
+  ~PlayProgress();  // ends the line
+  PlayProgress(const PlayProgress&) = delete;
+  PlayProgress& operator=(const PlayProgress&) = delete;
+
+  void show(const PlayMoment& moment);
+
+ private:
+  const bool onTerminal_;
+  std::optional<std::chrono::steady_clock::time_point> shown_;
+};
+
+#endif  // TARQ_DMR_PLAY_PROGRESS_H_

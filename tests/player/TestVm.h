@@ -1,0 +1,64 @@
+#ifndef TEST_VM_H_
+#define TEST_VM_H_
+
+#include <cstdlib>
+#include <string>
+
+#include "JavaHandler.h"
+#include "JavaVm.h"
+#include "LoadedPlugin.h"
+#include "TarqJniUtil.h"
+
+// The VM of the test program; the program's end waits for it.
+inline JNIEnv& testEnv() {
+  static const JavaVm vm({RENDERER_JAR, TEST_JAR}, {"-Xcheck:jni"});
+  return vm.env();
+}
+
+// The built plug-in's player with a handler of that class.
+class PlayerOf {
+ public:
+  explicit PlayerOf(const char* handlerClass) : handler_(testEnv(), handlerClass) {
+    player_ = LoadedPlugin::instance().symbol<TarqDmrPlayerInterface*()>("GetPlayer")();
+    if (player_->AddCb(&testEnv(), handler_.object()) != kPlayerOk) std::abort();
+  }
+  ~PlayerOf() { player_->RemoveCb(&testEnv()); }
+  PlayerOf(const PlayerOf&) = delete;
+  PlayerOf& operator=(const PlayerOf&) = delete;
+
+  TarqDmrPlayerInterface* operator->() const { return player_; }
+  TarqDmrPlayerInterface* object() const { return player_; }
+  JavaHandler& handler() { return handler_; }
+
+  // What a method of the handler without arguments says; a static one is none of its own.
+  std::string ask(const char* method, bool isStatic = false) const {
+    JNIEnv& env = testEnv();
+    env.PushLocalFrame(4);
+    const jclass owner = env.GetObjectClass(handler_.object());
+    const char* signature = "()Ljava/lang/String;";
+    const jobject string =
+        isStatic ? env.CallStaticObjectMethod(owner, env.GetStaticMethodID(owner, method, signature))
+                 : env.CallObjectMethod(handler_.object(), env.GetMethodID(owner, method, signature));
+    const std::string text = env.ExceptionCheck() ? "an exception" : take(string);
+    env.PopLocalFrame(nullptr);
+    return text;
+  }
+
+  // The text that an operation handed out.
+  static std::string taken(char* text) {
+    const std::string copy = text;
+    std::free(text);
+    return copy;
+  }
+
+ private:
+  static std::string take(jobject string) {
+    char* text = nullptr;
+    return TarqJniUtil::NewCString(&testEnv(), string, &text) == 0 ? taken(text) : "null";
+  }
+
+  JavaHandler handler_;
+  TarqDmrPlayerInterface* player_;
+};
+
+#endif  // TEST_VM_H_

@@ -39,37 +39,43 @@ TEST_P(QuickAcceptance, IsDecidedByTheTexts) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    , QuickAcceptance,
-    testing::Values(
-        QuickCase{"InternetVideo", "http://h.example/x", "http-get:*:audio/x http-get:*:video/mp4",
-                  "0 -1 video/* [-] - -"},
-        QuickCase{"InternetAudio", "http://h.example/x", "http-get:*:audio/mp4", "0 -1 audio/* [-] - -"},
-        QuickCase{"HomeVideoIsProbed", "http://127.0.0.1:1/x", "http-get:*:video/mp4", "55202"},
-        QuickCase{"ApplePlaylist", "http://127.0.0.1:1/x",
-                  "http-get:*:application/x-mpegURL http-get:*:application/vnd.apple.mpegURL",
-                  "0 -1 application/vnd.apple.mpegURL [-] - -"},
-        QuickCase{"Playlist", "http://127.0.0.1:1/x", "http-get:*:application/x-mpegURL",
-                  "0 -1 application/x-mpegURL [-] - -"},
-        QuickCase{"M3u8AnywhereInTheUri", "http://127.0.0.1:1/m3u8/x", "audio/", "0 -1 video/* [-] - -"},
-        QuickCase{"Mp4WithAudio", "http://127.0.0.1:1/a?mp4", "audio/", "0 -1 audio/* [-] - -"},
-        QuickCase{"FlvWithoutAudio", "rtsp://127.0.0.1/a.flv", "", "0 -1 video/* [-] - -"},
-        QuickCase{"CaseMatters", "http://127.0.0.1:1/a.MP4", "", "55202"},
-        QuickCase{"NoMetadataNoQuickTest", "http://h.example/a.mp4", nullptr, "55106"},
-        QuickCase{"NoUrl", "127.0.0.1/a.mp4", "http-get:*:video", "55106"},
-        QuickCase{"NoHost", "file:///a.mp4", "http-get:*:video", "55106"},
-        QuickCase{"NoUri", nullptr, "http-get:*:video", "55106"},
-        QuickCase{"LeadingZeroIsAName", "http://127.0.0.01:1/x", "http-get:*:video/mp4",
-                  "0 -1 video/* [-] - -"},
-        QuickCase{"RvuIsNotProbed", "http://127.0.0.1:1/x", "RVUALLIANCE", "55106"},
-        QuickCase{"NotHttp", "https://127.0.0.1:1/x", nullptr, "55100"}),
-    [](const auto& i) { return std::string(i.param.name); });
+// clang-format off
+const QuickCase kQuick[] = {
+    {"InternetVideo", "http://h.example/x", "http-get:*:audio/x http-get:*:video/mp4", "0 -1 video/* [-] - -"},
+    {"InternetAudio", "http://h.example/x", "http-get:*:audio/mp4", "0 -1 audio/* [-] - -"},
+    {"HomeVideoIsProbed", "http://127.0.0.1:1/x", "http-get:*:video/mp4", "55202"},
+    {"ApplePlaylist", "http://127.0.0.1:1/x", "http-get:*:application/x-mpegURL http-get:*:application/vnd.apple.mpegURL",
+     "0 -1 application/vnd.apple.mpegURL [-] - -"},
+    {"Playlist", "http://127.0.0.1:1/x", "http-get:*:application/x-mpegURL", "0 -1 application/x-mpegURL [-] - -"},
+    {"M3u8AnywhereInTheUri", "http://127.0.0.1:1/m3u8/x", "audio/", "0 -1 video/* [-] - -"},
+    {"Mp4WithAudio", "http://127.0.0.1:1/a?mp4", "audio/", "0 -1 audio/* [-] - -"},
+    {"FlvWithoutAudio", "rtsp://127.0.0.1/a.flv", "", "0 -1 video/* [-] - -"},
+    {"CaseMatters", "http://127.0.0.1:1/a.MP4", "", "55202"},
+    {"NoMetadataNoQuickTest", "http://h.example/a.mp4", nullptr, "55106"},
+    {"NoUrl", "127.0.0.1/a.mp4", "http-get:*:video", "55106"},
+    {"NoHost", "file:///a.mp4", "http-get:*:video", "55106"},
+    {"NoUri", nullptr, "http-get:*:video", "55106"},
+    {"LeadingZeroIsAName", "http://127.0.0.01:1/x", "http-get:*:video/mp4", "0 -1 video/* [-] - -"},
+    {"RvuIsNotProbed", "http://127.0.0.1:1/x", "RVUALLIANCE", "55106"},
+    {"NotHttp", "https://127.0.0.1:1/x", nullptr, "55100"},
+};
+// clang-format on
+INSTANTIATE_TEST_SUITE_P(, QuickAcceptance, testing::ValuesIn(kQuick),
+                         [](const auto& i) { return std::string(i.param.name); });
 
 struct ServerCase {
   const char* name;
-  const char* answer;
+  const char* answer;  // status and headers, separated by "|"; CF stands for contentFeatures.dlna.org
   const char* expected;
 };
+
+std::string answerText(const std::string& lines) {
+  std::string text = "HTTP/1.1 ";
+  for (const char c : lines) text += c == '|' ? std::string("\r\n") : std::string(1, c);
+  const size_t features = text.find("\r\nCF:");
+  if (features != std::string::npos) text.replace(features + 2, 2, "CONTENTfeatures.dlna.org");
+  return text + "\r\n\r\n";
+}
 
 class ServerAnswer : public testing::TestWithParam<ServerCase> {};
 
@@ -78,44 +84,32 @@ constexpr char kOk[] = "HTTP/1.1 200 OK\r\n";
 // The metadata offers nothing, so that the answer alone tells the format.
 TEST_P(ServerAnswer, BecomesAResult) {
   const ServerCase& c = GetParam();
-  RawHttpServer server(std::string(c.answer) + "\r\n");
+  RawHttpServer server(answerText(c.answer));
   const auto checker = newChecker(2);
   EXPECT_EQ(outcomeOf(*checker, checker->CheckResource(server.url("/x").c_str(), nullptr)), c.expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    , ServerAnswer,
-    testing::Values(
-        ServerCase{"TypeAlone", "HTTP/1.1 200 OK\r\nContent-Type: video/mp4\r\n",
-                   "0 -1 video/mp4 [] - MPEG4"},
-        ServerCase{"TypeIsWhole", "HTTP/1.1 200 OK\r\nContent-Type: video/mp4;codecs=a\r\n", "55106"},
-        ServerCase{"NoType", kOk, "55106"}, ServerCase{"NoContent", "HTTP/1.1 204 No\r\n", "55106"},
-        ServerCase{"BrokenType", "HTTP/1.1 200 OK\r\nContent-Type: video\r\n", "55106"},
-        ServerCase{
-            "Profile",
-            "HTTP/1.1 200 OK\r\ncontent-type: a/b\r\nCONTENTFEATURES.dlna.org: DLNA.ORG_PN=MPEG1;X=1\r\n",
-            "0 -1 a/b [DLNA.ORG_PN=MPEG1;X=1] - MPEG1"},
-        ServerCase{"UnknownProfileEndsTheSearch",
-                   "HTTP/1.1 200 OK\r\nContent-Type: video/mp4\r\n"
-                   "contentFeatures.dlna.org: DLNA.ORG_PN=NOBODY;ORSA.COM_PN=HD2_60_T\r\n",
-                   "55106"},
-        ServerCase{"VendorProfile",
-                   "HTTP/1.1 200 OK\r\nContent-Type: a/b\r\n"
-                   "contentFeatures.dlna.org: ARIB.OR.JP_PN=X;ORSA.COM_PN=HD2_60_T\r\n",
-                   "0 -1 a/b [ARIB.OR.JP_PN=X;ORSA.COM_PN=HD2_60_T] - MPEG2_TTS"},
-        ServerCase{
-            "NoMimeTypeAsProfile",
-            "HTTP/1.1 200 OK\r\nContent-Type: a/b\r\ncontentFeatures.dlna.org: DLNA.ORG_PN=video/mp4\r\n",
-            "55106"},
-        ServerCase{"BrokenFeatures",
-                   "HTTP/1.1 200 OK\r\nContent-Type: video/mp4\r\ncontentFeatures.dlna.org: =\r\n",
-                   "0 -1 video/mp4 [=] - MPEG4"},
-        ServerCase{"Moved", "HTTP/1.1 301 Moved\r\nLocation: /y\r\n", "55108"},
-        ServerCase{"Forbidden", "HTTP/1.1 403 No\r\n", "55200"},
-        ServerCase{"Missing", "HTTP/1.1 404 No\r\n", "55108"},
-        ServerCase{"Busy", "HTTP/1.1 503 Busy\r\n", "55107"}, ServerCase{"Garbage", "hello\r\n", "55108"},
-        ServerCase{"Nothing", "", "55108"}),
-    [](const auto& i) { return std::string(i.param.name); });
+// clang-format off
+const ServerCase kAnswers[] = {
+    {"TypeAlone", "200 OK|Content-Type: video/mp4", "0 -1 video/mp4 [] - MPEG4"},
+    {"TypeIsWhole", "200 OK|Content-Type: video/mp4;codecs=a", "55106"},
+    {"BrokenType", "200 OK|Content-Type: video", "55106"},
+    {"NoType", "200 OK", "55106"},
+    {"NoContent", "204 None", "55106"},
+    {"Profile", "200 OK|content-type: a/b|CF: DLNA.ORG_PN=MPEG1;X=1", "0 -1 a/b [DLNA.ORG_PN=MPEG1;X=1] - MPEG1"},
+    {"UnknownProfileEndsIt", "200 OK|Content-Type: video/mp4|CF: DLNA.ORG_PN=X;ORSA.COM_PN=HD2_60_T", "55106"},
+    {"VendorProfile", "200 OK|Content-Type: a/b|CF: ARIB.OR.JP_PN=X;ORSA.COM_PN=HD2_60_T",
+     "0 -1 a/b [ARIB.OR.JP_PN=X;ORSA.COM_PN=HD2_60_T] - MPEG2_TTS"},
+    {"MimeTypeIsNoProfile", "200 OK|Content-Type: a/b|CF: DLNA.ORG_PN=video/mp4", "55106"},
+    {"BrokenFeatures", "200 OK|Content-Type: video/mp4|CF: =", "0 -1 video/mp4 [=] - MPEG4"},
+    {"Moved", "301 Moved|Location: /y", "55108"},
+    {"Forbidden", "403 No", "55200"},
+    {"Missing", "404 No", "55108"},
+    {"Busy", "503 Busy", "55107"},
+};
+// clang-format on
+INSTANTIATE_TEST_SUITE_P(, ServerAnswer, testing::ValuesIn(kAnswers),
+                         [](const auto& i) { return std::string(i.param.name); });
 
 TEST(Checker, AsksForTheChosenElementOnly) {
   RawHttpServer server(std::string(kOk) + "Content-Type: image/x\r\n\r\n");

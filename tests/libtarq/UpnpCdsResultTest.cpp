@@ -28,28 +28,20 @@ std::string objectsIn(const char* text) {
 TEST(UpnpCdsResult, TellsDidlFromOtherText) {
   const std::string root = "<DIDL-Lite/>";
   const std::string filler(size_t{4} * 1024 * 1024 - root.size(), ' ');
-  expectOutcomes(
-      objectsIn,
-      {root + " => 0",
-       "\xEF\xBB\xBF \n<?xml version='1.0'?><!-- c --> <DIDL-Lite><item/></DIDL-Lite>\n<!-- c --> => 1",
-       "<d:DIDL-Lite><d:item/><item/><x:item/><container/><other/></d:DIDL-Lite> => 3",
-       "<DIDL-Lite><item><item/></item>text<x:item/></DIDL-Lite> => 1",
-       "<DIDL-Lite><item a='1' a='2' b='\xFF\xC0'>\x80</item></DIDL-Lite> => 1",
-       " => not parsed",
-       "  => not parsed",
-       "NOT_IMPLEMENTED => not parsed",
-       "<didl-lite/> => not parsed",
-       "<:DIDL-Lite/> => not parsed",
-       "<DIDL-LiteX/> => not parsed",
-       root + root + " => not parsed",
-       root + "text => not parsed",
-       "text" + root + " => not parsed",
-       "<![CDATA[ ]]>" + root + " => not parsed",
-       "<!DOCTYPE DIDL-Lite>" + root + " => not parsed",
-       "<DIDL-Lite><item></DIDL-Lite> => not parsed",
-       "<DIDL-Lite><item a=1/></DIDL-Lite> => not parsed",
-       root + filler + " => 0",
-       root + filler + "  => not parsed"});
+  // clang-format off
+  expectOutcomes(objectsIn, {
+      root + " => 0",
+      "\xEF\xBB\xBF \n<?xml version='1.0'?><!-- c --> <DIDL-Lite><item/></DIDL-Lite>\n<!-- c --> => 1",
+      "<d:DIDL-Lite><d:item/><item/><x:item/><container/><other/></d:DIDL-Lite> => 3",
+      "<DIDL-Lite><item><item/></item>text<x:item/></DIDL-Lite> => 1",
+      "<DIDL-Lite><item a='1' a='2' b='\xFF\xC0'>\x80</item></DIDL-Lite> => 1", " => not parsed",
+      "  => not parsed", "NOT_IMPLEMENTED => not parsed", "<didl-lite/> => not parsed",
+      "<:DIDL-Lite/> => not parsed", "<DIDL-LiteX/> => not parsed", root + root + " => not parsed",
+      root + "text => not parsed", "text" + root + " => not parsed",
+      "<![CDATA[ ]]>" + root + " => not parsed", "<!DOCTYPE DIDL-Lite>" + root + " => not parsed",
+      "<DIDL-Lite><item></DIDL-Lite> => not parsed", "<DIDL-Lite><item a=1/></DIDL-Lite> => not parsed",
+      root + filler + " => 0", root + filler + "  => not parsed"});
+  // clang-format on
   EXPECT_EQ(objectsIn(nullptr), "not parsed");
   const std::string whole = didl("<res p='&amp;&#x1F600;&#0;'>a<!-- c --><![CDATA[b]]><?pi?>&lt;</res>");
   for (size_t length = 0; length < whole.size(); ++length)
@@ -66,12 +58,14 @@ TEST(UpnpCdsResult, JoinsTextAndCutsBlanks) {
     EXPECT_STREQ(item->GetPropertyText("res", 2), "next");
     return read;
   };
-  expectOutcomes(text, {"http://a/b => http://a/b", "\r\n\t http://a/b c \n => http://a/b c", " => ",
-                        "   => ", " <!-- c -->  => ", "http://a<!-- c -->/b<?pi?>/c => http://a/b/c",
-                        " <![CDATA[ a&amp;<b ]]>  => a&amp;<b",
-                        "<![CDATA[a]]> <![CDATA[]]><!-- -->\n<![CDATA[b]]> => a \nb",
-                        "a<x y='1'>inner</x>b<z/> c => ab c",
-                        "&#32;a&amp;&#x1F600;&bogus; => a&\xF0\x9F\x98\x80&bogus;", "a&#0;b<!-- -->c => ac"});
+  // clang-format off
+  expectOutcomes(text, {
+      "http://a/b => http://a/b", "\r\n\t http://a/b c \n => http://a/b c", " => ", "   => ",
+      " <!-- c -->  => ", "http://a<!-- c -->/b<?pi?>/c => http://a/b/c",
+      " <![CDATA[ a&amp;<b ]]>  => a&amp;<b", "<![CDATA[a]]> <![CDATA[]]><!-- -->\n<![CDATA[b]]> => a \nb",
+      "a<x y='1'>inner</x>b<z/> c => ab c", "&#32;a&amp;&#x1F600;&bogus; => a&\xF0\x9F\x98\x80&bogus;",
+      "a&#0;b<!-- -->c => ac"});
+  // clang-format on
 }
 
 TEST(UpnpCdsResult, FindsPropertiesAndAttributesByName) {

@@ -48,6 +48,23 @@ TEST(VondString, AbsentIsNotEmpty) {
   EXPECT_TRUE(VondString("abc", 2) == VondString("ab"));
 }
 
+TEST(VondString, RefersToTextsThatItNeverWritesTo) {
+  const std::string outside = "outside";
+  VondString string;
+  string.refer(outside.c_str());
+  const VondString copy(string);
+  VondString moved(std::move(string));
+  EXPECT_EQ(moved.c_str(), outside.c_str());
+  EXPECT_NE(copy.c_str(), outside.c_str());
+  EXPECT_TRUE(moved == copy);
+  EXPECT_STREQ(moved.append("!").c_str(), "outside!");
+  moved.refer(outside.c_str());
+  moved = moved.c_str() + 3;
+  EXPECT_STREQ(moved.c_str(), "side");
+  moved.refer(nullptr);
+  EXPECT_TRUE(moved == VondString());
+}
+
 TEST(VondProtocolInfo, SplitsAtTheFirstThreeColons) {
   const auto fields = [](const char* text) {
     const VondProtocolInfo info(text);
@@ -56,12 +73,13 @@ TEST(VondProtocolInfo, SplitsAtTheFirstThreeColons) {
     return all;
   };
   const std::string longField(1000, 'f');
-  expectOutcomes(
-      fields,
-      {"http-get:*:audio/mpeg:DLNA.ORG_PN=MP3 => absent|http-get|*|audio/mpeg|DLNA.ORG_PN=MP3|absent|",
-       "a:b:c:d:e:: => absent|a|b|c|d:e::|absent|", ": => absent|||absent|absent|absent|",
-       "a:b:c: => absent|a|b|c||absent|", "http-get => not valid", " => not valid",
-       "a:b:" + longField + " => absent|a|b|" + longField + "|absent|absent|"});
+  // clang-format off
+  expectOutcomes(fields, {
+      "http-get:*:audio/mpeg:DLNA.ORG_PN=MP3 => absent|http-get|*|audio/mpeg|DLNA.ORG_PN=MP3|absent|",
+      "a:b:c:d:e:: => absent|a|b|c|d:e::|absent|", ": => absent|||absent|absent|absent|",
+      "a:b:c: => absent|a|b|c||absent|", "http-get => not valid", " => not valid",
+      "a:b:" + longField + " => absent|a|b|" + longField + "|absent|absent|"});
+  // clang-format on
   EXPECT_EQ(fields(nullptr), "not valid");
 }
 
@@ -72,13 +90,13 @@ TEST(VondNameValueList, FindsTheFirstOfItsName) {
       EXPECT_EQ(list.GetParameter(name), nullptr);
     return list.IsValid() ? shown(list.GetParameter("n")) : "not valid";
   };
-  expectOutcomes(valueOfN, {"n=1 => 1",         "m=0; n = 1 ; => 1",   ";;\t;\r\n n\n=\t1 => 1",
-                            "n=1;n=2 => 1",     "n;n=2 => absent",     "N=1 => absent",
-                            "n= => ",           "n=a=b= => a=b=",      "nn=2;mn=3;n=1 => 1",
-                            "n=\"a b\" => a b", "n= \"\" ;m => ",      "n=\"\"a\"\" => \"a\"",
-                            "n=\" => \"",       "n=\"a => \"a",        "n=\" a \" =>  a ",
-                            "* => absent",      " => absent",          " ;  => absent",
-                            "=1 => not valid",  "n=1; =2 => not valid"});
+  // clang-format off
+  expectOutcomes(valueOfN, {
+      "n=1 => 1", "m=0; n = 1 ; => 1", ";;\t;\r\n n\n=\t1 => 1", "n=1;n=2 => 1", "n;n=2 => absent",
+      "N=1 => absent", "n= => ", "n=a=b= => a=b=", "nn=2;mn=3;n=1 => 1", "n=\"a b\" => a b",
+      "n= \"\" ;m => ", "n=\"\"a\"\" => \"a\"", "n=\" => \"", "n=\"a => \"a", "n=\" a \" =>  a ",
+      "* => absent", " => absent", " ;  => absent", "=1 => not valid", "n=1; =2 => not valid"});
+  // clang-format on
   EXPECT_EQ(valueOfN(nullptr), "not valid");
   for (const int count : {16, 17, 33, 1'000'000}) {
     std::string text;
@@ -96,26 +114,16 @@ TEST(VondMimeType, MatchesTypeAndSubtype) {
     EXPECT_FALSE(type.Match(nullptr));
     return patterns;
   };
-  expectOutcomes(matched, {"audio/mpeg => audio/mpeg AUDIO/* ",
-                           "AUDIO/mPeg => audio/mpeg AUDIO/* ",
-                           " \taudio/mp ; rate=44100;\x01 anything => AUDIO/* audio/mp ",
-                           "audio/mpe => AUDIO/* ",
-                           "image/vnd.rn-realmedia+x!#$%&'*^_`|~ => image/* ",
-                           "audiox/mpeg => ",
-                           " => not valid",
-                           "  => not valid",
-                           "audio => not valid",
-                           "audio/ => not valid",
-                           "/mpeg => not valid",
-                           "audio /x => not valid",
-                           "audio/ x => not valid",
-                           "audio/x y => not valid",
-                           "audio/x/y => not valid",
-                           "audio/\xE4 => not valid",
-                           "audio/x,y => not valid",
-                           "audio//x => not valid",
-                           "; => not valid",
-                           "audio/x\x0b => not valid"});
+  // clang-format off
+  expectOutcomes(matched, {
+      "audio/mpeg => audio/mpeg AUDIO/* ", "AUDIO/mPeg => audio/mpeg AUDIO/* ",
+      " \taudio/mp ; rate=44100;\x01 anything => AUDIO/* audio/mp ", "audio/mpe => AUDIO/* ",
+      "image/vnd.rn-realmedia+x!#$%&'*^_`|~ => image/* ", "audiox/mpeg => ", " => not valid",
+      "  => not valid", "audio => not valid", "audio/ => not valid", "/mpeg => not valid",
+      "audio /x => not valid", "audio/ x => not valid", "audio/x y => not valid", "audio/x/y => not valid",
+      "audio/\xE4 => not valid", "audio/x,y => not valid", "audio//x => not valid", "; => not valid",
+      "audio/x\x0b => not valid"});
+  // clang-format on
   EXPECT_EQ(matched(nullptr), "not valid");
 }
 
@@ -124,31 +132,17 @@ TEST(VondURL, FindsSchemeAndHost) {
     const std::unique_ptr<VondURL> url(VondURL::Parse(text, nullptr));
     return url != nullptr ? std::string(url->GetScheme()) + " " + url->GetHost() : "none";
   };
-  expectOutcomes(schemeAndHost, {"http://example => http example",
-                                 "HTTP://192.168.0.2:8200/a?b#c => HTTP 192.168.0.2",
-                                 "h+1-.x://u:p@w@host:/ => h+1-.x host",
-                                 "http://host?q@other => http host",
-                                 "http://host#@x => http host",
-                                 "http://[fe80::1]:80/a => http fe80::1",
-                                 "http://u@[::1] => http ::1",
-                                 "http://host/a:b@c => http host",
-                                 " => none",
-                                 "host => none",
-                                 "/a => none",
-                                 "http:/host => none",
-                                 "http//host => none",
-                                 "http:// => none",
-                                 "http:///a => none",
-                                 "http://:80/ => none",
-                                 "http://u@/ => none",
-                                 "://host => none",
-                                 "1http://host => none",
-                                 "ht_p://host => none",
-                                 "http://host:8o/ => none",
-                                 "http://a:1:2/ => none",
-                                 "http://[::1 => none",
-                                 "http://[]/ => none",
-                                 "http://[::1]x/ => none"});
+  // clang-format off
+  expectOutcomes(schemeAndHost, {
+      "http://example => http example", "HTTP://192.168.0.2:8200/a?b#c => HTTP 192.168.0.2",
+      "h+1-.x://u:p@w@host:/ => h+1-.x host", "http://host?q@other => http host",
+      "http://host#@x => http host", "http://[fe80::1]:80/a => http fe80::1", "http://u@[::1] => http ::1",
+      "http://host/a:b@c => http host", " => none", "host => none", "/a => none", "http:/host => none",
+      "http//host => none", "http:// => none", "http:///a => none", "http://:80/ => none",
+      "http://u@/ => none", "://host => none", "1http://host => none", "ht_p://host => none",
+      "http://host:8o/ => none", "http://a:1:2/ => none", "http://[::1 => none", "http://[]/ => none",
+      "http://[::1]x/ => none"});
+  // clang-format on
   EXPECT_EQ(schemeAndHost(nullptr), "none");
 }
 
@@ -170,11 +164,13 @@ TEST(VondResolution, TakesTwoNumbersOnly) {
     return std::to_string(parsed->GetStatus()) + " " + std::to_string(parsed->GetWidth()) + " " +
            std::to_string(parsed->GetHeight());
   };
-  expectOutcomes(size,
-                 {"1920x1080 => 0 1920 1080", "2147483647x01 => 0 2147483647 1", "2147483648x1 => -1 0 0",
-                  "1x99999999999 => -1 0 0", "1920X1080 => -1 0 0", "1920x => -1 0 0", "x1080 => -1 0 0",
-                  "1920 => -1 0 0", " => -1 0 0", "-1x1 => -1 0 0", "1x+1 => -1 0 0", " 1x1 => -1 0 0",
-                  "1x1  => -1 0 0", "1x1x1 => -1 0 0"});
+  // clang-format off
+  expectOutcomes(size, {
+      "1920x1080 => 0 1920 1080", "2147483647x01 => 0 2147483647 1", "2147483648x1 => -1 0 0",
+      "1x99999999999 => -1 0 0", "1920X1080 => -1 0 0", "1920x => -1 0 0", "x1080 => -1 0 0",
+      "1920 => -1 0 0", " => -1 0 0", "-1x1 => -1 0 0", "1x+1 => -1 0 0", " 1x1 => -1 0 0",
+      "1x1  => -1 0 0", "1x1x1 => -1 0 0"});
+  // clang-format on
   EXPECT_EQ(VondResolution::Parse(nullptr, 'x'), nullptr);
 }
 

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "VondHspClient.h"
+#include "ZylInet.h"
 
 namespace {
 
@@ -30,9 +31,15 @@ bool contains(const char* text, const char* part) { return std::strstr(text, par
 
 std::span<const QuickTest> quickTests() { return kQuickTests; }
 
+bool isHomeNetwork(const char* host) {
+  uint32_t address = 0;
+  return ZylInetAToN(host, &address) == 0;
+}
+
 const QuickTest* findQuickTest(const char* uri, const char* metadata, bool homeNetwork) {
+  if (metadata == nullptr) return nullptr;
   for (const QuickTest& test : kQuickTests) {
-    if (test.internetOnly && homeNetwork) continue;
+    if (!test.appliesTo(homeNetwork)) continue;
     if (contains(test.ofUri ? uri : metadata, test.contains)) return &test;
   }
   return nullptr;
@@ -44,6 +51,8 @@ const char* mimeTypeOf(const QuickTest& test, const char* metadata) {
 }
 
 bool isRvuContent(const char* metadata) { return metadata != nullptr && contains(metadata, "RVUALLIANCE"); }
+
+bool isProbed(bool homeNetwork, const char* metadata) { return homeNetwork && !isRvuContent(metadata); }
 
 bool isHttpUri(const char* uri) { return uri != nullptr && strncasecmp(uri, "http://", 7) == 0; }
 
@@ -82,4 +91,13 @@ TarqCheckResult resultOfStatus(int status) {
   if (status == 503) return kServerBusy;
   if (status == 403) return kForbidden;
   return status >= 300 ? kServerError : kAccepted;
+}
+
+FormatKey formatKeyOf(const char* mimeType, const VondPI4thField& contentFeatures) {
+  if (contentFeatures.IsValid()) {
+    for (const char* name : {"DLNA.ORG_PN", "ORSA.COM_PN", "ARIB.OR.JP_PN"}) {
+      if (const char* profile = contentFeatures.GetParameter(name)) return {profile, nullptr};
+    }
+  }
+  return {nullptr, mimeType};
 }

@@ -5,6 +5,7 @@
 #include <span>
 
 #include "TarqResourceCheckerInterface.h"
+#include "VondNameValueList.h"
 
 // The rules of a resource check that need neither its state nor the network.
 
@@ -15,15 +16,22 @@ struct QuickTest {
   const char* contains;
   const char*
       mimeType;  // what it is accepted as; null: audio/* when the metadata contains "audio/", else video/*
+
+  bool appliesTo(bool homeNetwork) const { return !internetOnly || !homeNetwork; }
 };
 std::span<const QuickTest> quickTests();
 
-// The test that holds, or null. Neither text is null.
+// Whether a URL's host is on the home network: a literal IPv4 address. Null: false.
+bool isHomeNetwork(const char* host);
+
+// The test that holds, or null; without metadata (null) none does.
 const QuickTest* findQuickTest(const char* uri, const char* metadata, bool homeNetwork);
 const char* mimeTypeOf(const QuickTest& test, const char* metadata);
 
 // RVU content is served by a protocol of its own and is never probed. `metadata` may be null.
 bool isRvuContent(const char* metadata);
+// Whether the server has a say: it is asked before anything that no quick test accepted is played.
+bool isProbed(bool homeNetwork, const char* metadata);
 // The only scheme that is probed. Null: false.
 bool isHttpUri(const char* uri);
 
@@ -32,5 +40,14 @@ int transferModeOf(int category);
 // What a probe's client error, or else the server's status, comes to.
 TarqCheckResult resultOfClientError(int clientError);
 TarqCheckResult resultOfStatus(int status);
+
+// What a row of the media profile table is compared with where the server's answer alone decides: the first
+// profile name that the server gave, or, where it gave none, the MIME type; the one for rows with a name, the
+// other for bare MIME rows.
+struct FormatKey {
+  const char* profile;  // points into the parameters; null: none
+  const char* mimeType;
+};
+FormatKey formatKeyOf(const char* mimeType, const VondPI4thField& contentFeatures);
 
 #endif  // CHECK_RULES_H_

@@ -13,9 +13,7 @@
 #include "TarqDmrMediaProfile.h"
 #include "VondMimeType.h"
 #include "VondNameValueList.h"
-#include "VondProtocolInfo.h"
 #include "VondURL.h"
-#include "ZylInet.h"
 
 namespace {
 
@@ -40,35 +38,15 @@ struct DestroyResult {
 
 const char* orEmpty(const char* text) { return text == nullptr ? "" : text; }
 
-// The seek operations that the server declares for a `res` element; empty when it declares none.
-void readOperation(const char* protocolInfo, VondString& operation) {
-  operation = "";
-  if (protocolInfo == nullptr) return;
-  const VondProtocolInfo fields(protocolInfo);
-  if (!fields.IsValid() || fields.GetField(4) == nullptr) return;
-  const VondPI4thField parameters(fields.GetField(4));
-  if (parameters.IsValid()) operation = orEmpty(parameters.GetParameter("DLNA.ORG_OP"));
+// The seek operations that a fourth field declares; empty when it declares none.
+void readOperation(const char* fourthField, VondString& operation) {
+  const VondPI4thField parameters(fourthField);
+  operation = orEmpty(parameters.IsValid() ? parameters.GetParameter("DLNA.ORG_OP") : nullptr);
 }
 
 const char* attribute(const TARQ_Object* object, int index, const char* name) {
   return plainText(
       TARQ_Object_GetAttributeValue(object, cdsText("res"), static_cast<unsigned int>(index), cdsText(name)));
-}
-
-// What a row of the media profile table is compared with: the first profile name that the server gave, or,
-// where it gave none, the MIME type; the one for rows with a name, the other for bare MIME rows.
-struct FormatKey {
-  const char* profile;
-  const char* mimeType;
-};
-
-FormatKey formatKeyOf(const char* mimeType, const VondPI4thField& parameters) {
-  if (parameters.IsValid()) {
-    for (const char* name : {"DLNA.ORG_PN", "ORSA.COM_PN", "ARIB.OR.JP_PN"}) {
-      if (const char* profile = parameters.GetParameter(name)) return {profile, nullptr};
-    }
-  }
-  return {nullptr, mimeType};
 }
 
 }  // namespace
@@ -85,14 +63,11 @@ int TarqResourceChecker::CheckResource(const char* uri, const char* metadata) {
   if (url == nullptr) return checkFully(uri, metadata, nullptr, false);
 
   const char* host = url->GetHost();
-  uint32_t address = 0;
-  const bool homeNetwork = ZylInetAToN(host, &address) == 0;
+  const bool homeNetwork = isHomeNetwork(host);
   if (!homeNetwork)
     __android_log_print(ANDROID_LOG_DEBUG, kLogTag, "\nInternet Content URL %s Request", host);
-  if (metadata != nullptr) {
-    if (const QuickTest* test = findQuickTest(uri, metadata, homeNetwork)) {
-      return acceptQuickly(uri, mimeTypeOf(*test, metadata));
-    }
+  if (const QuickTest* test = findQuickTest(uri, metadata, homeNetwork)) {
+    return acceptQuickly(uri, mimeTypeOf(*test, metadata));
   }
   return checkFully(uri, metadata, host, homeNetwork);
 }
@@ -110,7 +85,7 @@ int TarqResourceChecker::checkFully(const char* uri, const char* metadata, const
   const bool chosen = selectResource(metadata, resource, category) == 0;
   if (!chosen) resource.uri = uri;
 
-  if (homeNetwork && !isRvuContent(metadata)) {
+  if (isProbed(homeNetwork, metadata)) {
     const int result = getResourceHeader(resource, category);
     __android_log_print(ANDROID_LOG_DEBUG, kLogTag, "\nHome Network Content URL %s Request", host);
     if (result != kAccepted) return result;
@@ -178,7 +153,7 @@ int TarqResourceChecker::selectResource(const char* metadata, TarqResource& reso
   resource.size = orEmpty(attribute(object, selected, "size"));
   resource.duration = orEmpty(attribute(object, selected, "duration"));
   resource.reserved = "";
-  readOperation(attribute(object, selected, "protocolInfo"), resource.operation);
+  readOperation(record.fourthField.c_str(), resource.operation);
   return 0;
 }
 

@@ -29,7 +29,6 @@ class BatchRun {
 
  private:
   static constexpr size_t kMaxItems = 512;
-  static constexpr int kInvalidLine = -1;  // in the place of a result code
 
   struct Item {
     BatchRequest request;

@@ -5,6 +5,8 @@
 
 #include "BatchInput.h"
 
+inline constexpr int kInvalidLine = -1;  // answers a line without a check, in the place of a result code
+
 // What one line of a batch asks for. The texts lie in the line itself.
 struct BatchRequest {
   const char* problem = nullptr;  // what is wrong with the line, a constant text; null: nothing

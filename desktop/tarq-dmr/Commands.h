@@ -52,6 +52,17 @@ struct BatchOptions {
 };
 int runBatch(const BatchOptions& options);
 
+struct ExplainOptions {
+  HostOptions host;
+  std::string uri;
+  std::optional<std::string> metadataFile;  // "-": standard input
+  std::optional<std::string> batchFile;     // "-": standard input; in the place of the two above
+  int32_t region = 0;                       // of batch lines that name none
+  bool json = false;
+  bool probe = false;  // the server may be asked
+};
+int runExplain(const ExplainOptions& options);
+
 struct PlayOptions {
   HostOptions host;
   std::string uri;

@@ -1,9 +1,6 @@
 #include "TextOutput.h"
 
 #include <cstdio>
-#include <string>
-
-namespace {
 
 std::string printable(std::string_view text) {
   constexpr char kHexDigits[] = "0123456789abcdef";
@@ -18,8 +15,6 @@ std::string printable(std::string_view text) {
   }
   return shown;
 }
-
-}  // namespace
 
 void printRow(std::string_view label, int labelWidth, const char* text) {
   std::string shown = "-";

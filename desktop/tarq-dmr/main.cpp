@@ -23,6 +23,7 @@ struct CommandLine {
   CheckOptions check;
   BatchOptions batch;
   PlayOptions play;
+  ExplainOptions explain;
   DemoOptions demo;
   std::function<int()> run;
 };
@@ -126,6 +127,38 @@ void addCheck(CLI::App& app, CommandLine& line) {
   });
 }
 
+constexpr const char* kExplainHelp =
+    "Examples:\n"
+    "  tarq-dmr explain http://192.168.0.2:8200/MediaItems/23.mpg --metadata item.xml --region 1\n"
+    "  tarq-dmr explain http://192.168.0.2:8200/MediaItems/23.mpg --metadata item.xml --probe\n"
+    "  tarq-dmr explain --batch items.ndjson > why.ndjson\n\n"
+    "Takes the steps that a check takes and tells what each found: the candidates, their points, and what\n"
+    "let each in or kept it out. No server is asked unless --probe is given. The last line is the verdict.\n"
+    "A batch takes the lines of check --batch and answers each with one JSON line.\n\n";
+
+void addExplain(CLI::App& app, CommandLine& line) {
+  ExplainOptions& options = line.explain;
+  CLI::App& command = addCommand(app, "explain", "Tell why a resource plays as it does, or not", options.host,
+                                 std::string(kExplainHelp) + kRegionHelp);
+  options.host.logLevel = "silent";
+  addRegion(command, options.region);
+  command.add_flag("--json", options.json, "One JSON line (a batch always writes JSON)");
+  command.add_flag("--probe", options.probe, "Ask the server where the check would, and show what came back");
+  auto* uri = command.add_option("uri", options.uri, "The URI to play");
+  auto* metadata =
+      command.add_option("--metadata", options.metadataFile, "DIDL-Lite of the item; - is standard input")
+          ->type_name("FILE");
+  auto* batch =
+      command.add_option("--batch", options.batchFile, "Explain every line of FILE; - is standard input")
+          ->type_name("FILE")
+          ->excludes(uri)
+          ->excludes(metadata);
+  command.callback([&line, uri, batch] {
+    if (uri->count() + batch->count() == 0) throw CLI::RequiredError("a URI or --batch");
+    line.run = [&line] { return runExplain(line.explain); };
+  });
+}
+
 constexpr const char* kPlayHelp =
     "Examples:\n"
     "  tarq-dmr play http://192.168.0.2:8200/MediaItems/23.mp3 --metadata item.xml\n"
@@ -186,6 +219,7 @@ int runCommandLine(int argc, char** argv) {
   addSink(app, line);
   addCheck(app, line);
   addPlay(app, line);
+  addExplain(app, line);
   addDemo(app, line);
   try {
     app.parse(argc, argv);

@@ -1,0 +1,193 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <rapidjson/document.h>
+
+#include <fstream>
+#include <set>
+#include <sstream>
+
+#include "Program.h"
+#include "RandomItems.h"
+#include "RawHttpServer.h"
+
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+
+std::string readFile(const std::string& path) {
+  std::ifstream in(TARQ_SOURCES "/" + path);
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+// The arguments of a command line that names files of the source tree.
+std::vector<std::string> argumentsOf(const std::string& command) {
+  std::istringstream words(command);
+  std::vector<std::string> arguments;
+  for (std::string word; words >> word;)
+    arguments.push_back(word.starts_with("docs/") ? TARQ_SOURCES "/" + word : word);
+  return arguments;
+}
+
+TEST(Explain, DocumentsShowWhatTheProgramShows) {
+  const std::string before = "<!-- tarq-dmr ";
+  size_t examples = 0;
+  for (const char* document : {"docs/choice.md", "README.md"}) {
+    const std::string text = readFile(document);
+    for (size_t at = 0; (at = text.find(before, at)) != text.npos; ++examples) {
+      at += before.size();
+      const std::string command = text.substr(at, text.find(" -->", at) - at);
+      const size_t begin = text.find("```\n", at) + 4;
+      EXPECT_EQ(text.substr(begin, text.find("```", begin) - begin), runProgram(argumentsOf(command)).out)
+          << document << ": " << command;
+    }
+  }
+  EXPECT_GE(examples, 3u);
+}
+
+struct TellingCase {
+  const char* name;
+  const char* options;
+  std::vector<const char*> phrases;
+};
+
+const TellingCase kTelling[] = {
+    {"thumbnail-only",
+     "1",
+     {"out: unknown profile name", "would be JPEG without its profile name", "the answer alone decides"}},
+    {"dtcp",
+     "1",
+     {"CONTENTFORMAT in application/x-dtcp1", "not played in this region; would be AVC_TTS in region 2"}},
+    {"wmv-no-byte-seek",
+     "1",
+     {"Windows Media video contest", "Windows Media, no byte seek", "1410 points ahead of res 1"}},
+    {"audio-codecs",
+     "1",
+     {"unknown MIME type; would be AUDIO_MPEG4 without the parameters", "res 1, format MP3"}},
+    {"mkv-beside-wmv", "1", {"would be MKV without Windows Media beside it", "res 1, format WMV"}},
+    {"multi-picture",
+     "1",
+     {"res 1 is a file of 3 pictures", "no profile name", "res 2, as MPO\n", "nobody else has that rank"}},
+    {"all-converted", "1", {"yes", "190 points ahead of res 0: position -10, size +700, nearest -500"}},
+    {"real-media", "16", {"would be MPEG1 in region 1", "res 1, as RMVB"}},
+    {"no-fourth-field",
+     "1",
+     {"res 0: no fourth protocolInfo field", "skipped: its protocolInfo has no \":\""}},
+    {"twelve-equal",
+     "1",
+     {"-10  known profile name; not above 0", "510 points ahead of res 1: position +10, nearest +500"}},
+};
+
+TEST(Explain, TellsWhyEachCaseComesOutAsItDoes) {
+  for (const auto& [name, region, phrases] : kTelling) {
+    const std::string file = std::string(TARQ_SOURCES "/docs/examples/") + name + ".xml";
+    const Outcome outcome =
+        runProgram({"explain", "http://192.168.0.7/item", "--metadata", file, "--region", region});
+    EXPECT_EQ(outcome.exitCode, 0) << name;
+    for (const char* phrase : phrases) EXPECT_THAT(outcome.out, HasSubstr(phrase)) << name;
+    for (const std::string& line : linesOf(outcome.out)) EXPECT_LE(line.size(), 110u) << name << ": " << line;
+  }
+}
+
+std::string textOf(const rapidjson::Value& value) { return value.IsString() ? value.GetString() : "-"; }
+
+// "code winner format", as the steps of the explanation led there.
+std::string stepsOf(const rapidjson::Document& explained) {
+  const std::string code = std::to_string(explained["verdict"]["code"].GetInt());
+  if (code != "0") return code;
+  if (explained["quick"]["mimeType"].IsString())
+    return code + " -1 - " + textOf(explained["quick"]["mimeType"]);
+  const auto& contest = explained["contest"];
+  const auto winner = contest["winner"].GetUint();
+  return code + " " + std::to_string(winner) + " " + textOf(contest["candidates"][winner]["format"]) + " " +
+         textOf(explained["res"][winner]["mimeType"]);
+}
+
+std::string resultOf(const rapidjson::Document& checked) {
+  const std::string code = std::to_string(checked["code"].GetInt());
+  if (code != "0") return code;
+  return code + " " + std::to_string(checked["resIndex"].GetInt()) + " " + textOf(checked["contentFormat"]) +
+         " " + textOf(checked["mimeType"]);
+}
+
+// Compares the two commands line by line; notes what came up.
+void expectAgreement(const std::string& input, std::set<std::string>& seen) {
+  const auto explained = linesOf(runProgram({"explain", "--batch", "-"}, input).out);
+  const auto checked = linesOf(runProgram({"check", "--batch", "-"}, input).out);
+  const auto asked = linesOf(input);
+  ASSERT_EQ(explained.size(), asked.size());
+  ASSERT_EQ(checked.size(), asked.size());
+  for (size_t i = 0; i < asked.size(); ++i) {
+    rapidjson::Document why;
+    rapidjson::Document result;
+    ASSERT_FALSE(why.Parse(explained[i].c_str()).HasParseError()) << asked[i];
+    ASSERT_FALSE(result.Parse(checked[i].c_str()).HasParseError());
+    ASSERT_EQ(stepsOf(why), resultOf(result)) << asked[i];
+    const auto& contest = why["contest"];
+    const bool won = contest.IsObject() && contest["winner"].IsInt();
+    if (contest.IsObject()) seen.insert(contest["name"].GetString());
+    seen.insert(std::to_string(result["code"].GetInt()) + (won ? " won" : ""));
+  }
+}
+
+TEST(Explain, AgreesWithTheCheckOnRandomItems) {
+  constexpr int kItems = 20'000;
+  RandomItems items(20'240'607);
+  std::set<std::string> seen;
+  std::string input;
+  for (int i = 1; i <= kItems && !HasFatalFailure(); ++i) {
+    input += items.next().ndjson();
+    if (i % 2'000 != 0) continue;
+    expectAgreement(input, seen);
+    input.clear();
+  }
+  // Refused as no http:// URI with a winner and without; refused as unplayable only without; accepted by a
+  // contest or by a quick test.
+  EXPECT_THAT(seen, testing::UnorderedElementsAre("photo", "mpo", "music", "wma", "video", "wmv", "0 won",
+                                                  "0", "55100 won", "55100", "55106"));
+}
+
+TEST(Explain, AgreesWithTheCheckOnRealItems) {
+  std::string input = readFile("tests/data/minidlna.ndjson");
+  const std::string server = R"("uri": "http://)";  // without it the URI is no URL, and nobody is asked
+  for (size_t at = 0; (at = input.find(server, at)) != input.npos;)
+    input.replace(at, server.size(), R"("uri": ")");
+  std::set<std::string> seen;
+  expectAgreement(input, seen);
+}
+
+TEST(Explain, ProbeShowsWhatCameBack) {
+  struct Row {
+    const char* answer;
+    int exitCode;
+    std::vector<const char*> phrases;
+  };
+  const Row rows[] = {
+      {"200 OK\r\nContent-Type: video/mp4",
+       0,
+       {"looked up   MIME type \"video/mp4\"", "accepted (0): no res, format MPEG4\n"}},
+      {"200 OK\r\nContent-Type: video/mp4\r\ncontentFeatures.dlna.org: DLNA.ORG_PN=NO\x1B",
+       1,
+       {"looked up   profile name \"NO\\x1b\"", "status 200, content type video/mp4", "refused (55106)"}},
+      {"404 No", 1, {"status 404, content type -", "refused (55108)"}},
+      {"503 No", 1, {"came back   the server answered 503\n", "refused (55107)"}},
+  };
+  for (const auto& [answer, exitCode, phrases] : rows) {
+    RawHttpServer server("HTTP/1.1 " + std::string(answer) + "\r\n\r\n");
+    const Outcome closed = runProgram({"explain", server.url(), "--region", "1"});
+    EXPECT_THAT(closed.out, HasSubstr("Verdict: open"));
+    EXPECT_EQ(server.requests().size(), 0u);
+    const Outcome outcome = runProgram({"explain", server.url(), "--region", "1", "--probe"});
+    EXPECT_EQ(outcome.exitCode, exitCode) << answer;
+    for (const char* phrase : phrases) EXPECT_THAT(outcome.out, HasSubstr(phrase));
+  }
+}
+
+TEST(Explain, CheckTellsHowToAskWhy) {
+  const Outcome outcome = runProgram({"check", "it's", "--region", "2", "--metadata", "-"}, "<x/>");
+  EXPECT_THAT(outcome.out, EndsWith("\nwhy: tarq-dmr explain 'it'\\''s' --metadata '-' --region 2\n"));
+}
+
+}  // namespace

@@ -97,15 +97,17 @@ int TarqResourceChecker::checkFully(const char* uri, const char* metadata, const
 int TarqResourceChecker::publish(const TarqResource& resource) {
   delete resource.ownedFormat;
   resource.ownedFormat = new (std::nothrow) VondString(resource.contentFormat);
-  published_ = {resource.uri,      resource.mimeType, resource.additionalInfo, resource.size,
-                resource.duration, resource.reserved, resource.operation};
-  result_.uri = published_.uri.c_str();
-  result_.mimeType = published_.mimeType.c_str();
-  result_.additionalInfo = published_.additionalInfo.c_str();
-  result_.size = published_.size.c_str();
-  result_.duration = published_.duration.c_str();
-  result_.reserved = published_.reserved.c_str();
-  result_.operation = published_.operation.c_str();
+  const auto keep = [](VondString& kept, const VondString& value) {
+    kept = value;
+    return kept.c_str();
+  };
+  result_.uri = keep(published_.uri, resource.uri);
+  result_.mimeType = keep(published_.mimeType, resource.mimeType);
+  result_.additionalInfo = keep(published_.additionalInfo, resource.additionalInfo);
+  result_.size = keep(published_.size, resource.size);
+  result_.duration = keep(published_.duration, resource.duration);
+  result_.reserved = keep(published_.reserved, resource.reserved);
+  result_.operation = keep(published_.operation, resource.operation);
   return kAccepted;
 }
 

@@ -37,4 +37,12 @@ int TARQ_Resolution_GetHeight(const TARQ_Resolution* resolution);  // `resolutio
 inline const unsigned char* cdsText(const char* text) { return reinterpret_cast<const unsigned char*>(text); }
 inline const char* plainText(const unsigned char* text) { return reinterpret_cast<const char*>(text); }
 
+// What every reader of `res` elements asks: an attribute of the index-th one, and its text (the URL).
+inline const char* resAttribute(const TARQ_Object* object, unsigned int index, const char* name) {
+  return plainText(TARQ_Object_GetAttributeValue(object, cdsText("res"), index, cdsText(name)));
+}
+inline const char* resUrl(const TARQ_Object* object, unsigned int index) {
+  return plainText(TARQ_Object_GetPropertyValue(object, cdsText("res"), index));
+}
+
 #endif  // TARQ_CDS_ACCESS_H_

@@ -44,11 +44,6 @@ void readOperation(const char* fourthField, VondString& operation) {
   operation = orEmpty(parameters.IsValid() ? parameters.GetParameter("DLNA.ORG_OP") : nullptr);
 }
 
-const char* attribute(const TARQ_Object* object, int index, const char* name) {
-  return plainText(
-      TARQ_Object_GetAttributeValue(object, cdsText("res"), static_cast<unsigned int>(index), cdsText(name)));
-}
-
 }  // namespace
 
 TarqResourceChecker::~TarqResourceChecker() { delete ownedFormat_; }
@@ -142,9 +137,9 @@ int TarqResourceChecker::selectResource(const char* metadata, TarqResource& reso
     __android_log_print(ANDROID_LOG_DEBUG, kLogTag, "\nRes Not Supported");
     return 1;
   }
-  const TarqDlnaResMetadata& record = records[static_cast<size_t>(selected)];
-  resource.uri =
-      plainText(TARQ_Object_GetPropertyValue(object, cdsText("res"), static_cast<unsigned int>(selected)));
+  const auto index = static_cast<unsigned int>(selected);
+  const TarqDlnaResMetadata& record = records[index];
+  resource.uri = resUrl(object, index);
   resource.mimeType = record.mimeType;
   resource.additionalInfo = record.fourthField;
   resource.contentFormat = record.format;
@@ -152,8 +147,8 @@ int TarqResourceChecker::selectResource(const char* metadata, TarqResource& reso
   __android_log_print(ANDROID_LOG_ERROR, kLogTag, "Selected Res [%d][%s][%s][%s][%s]", selected,
                       orNull(resource.uri.c_str()), orNull(resource.mimeType.c_str()),
                       orNull(resource.additionalInfo.c_str()), orNull(resource.contentFormat.c_str()));
-  resource.size = orEmpty(attribute(object, selected, "size"));
-  resource.duration = orEmpty(attribute(object, selected, "duration"));
+  resource.size = orEmpty(resAttribute(object, index, "size"));
+  resource.duration = orEmpty(resAttribute(object, index, "duration"));
   resource.reserved = "";
   readOperation(record.fourthField.c_str(), resource.operation);
   return 0;

@@ -10,10 +10,6 @@
 
 namespace {
 
-const char* attribute(const TARQ_Object* object, unsigned int index, const char* name) {
-  return plainText(TARQ_Object_GetAttributeValue(object, cdsText("res"), index, cdsText(name)));
-}
-
 // Decimal digits as C's atoi reads them, wrapping around instead of overflowing.
 int32_t toInteger(const char* text) {
   return static_cast<int32_t>(static_cast<uint32_t>(std::strtoll(text, nullptr, 10)));
@@ -47,9 +43,9 @@ int TarqDlnaResSelection::getFileExtension(const char* url, VondString& extensio
 // False when the element does not parse; the record may then be half filled.
 bool TarqDlnaResSelection::readRecord(const TARQ_Object* object, unsigned int index,
                                       TarqDlnaResMetadata& record) {
-  const char* protocolInfo = attribute(object, index, "protocolInfo");
+  const char* protocolInfo = resAttribute(object, index, "protocolInfo");
   if (protocolInfo == nullptr || std::strchr(protocolInfo, ':') == nullptr) return false;
-  const char* url = plainText(TARQ_Object_GetPropertyValue(object, cdsText("res"), index));
+  const char* url = resUrl(object, index);
   if (url == nullptr) return false;
   const VondProtocolInfo fields(protocolInfo);
   if (!fields.IsValid() || !readMimeType(fields.GetField(3), record.mimeType)) return false;
@@ -69,10 +65,10 @@ bool TarqDlnaResSelection::readRecord(const TARQ_Object* object, unsigned int in
   record.category =
       selectMediaCategory(record.mimeType.c_str(), record.extension.c_str(), record.dlnaPn.c_str());
   if (record.category == kCategoryPhoto || record.category == kCategoryVideo) {
-    record.resolution.refer(attribute(object, index, "resolution"));
+    record.resolution.refer(resAttribute(object, index, "resolution"));
   }
   if (record.category == kCategoryPhoto) {
-    const char* entries = attribute(object, index, "av:mpfEntries");
+    const char* entries = resAttribute(object, index, "av:mpfEntries");
     record.mpfEntries = entries == nullptr ? 0 : toInteger(entries);
     if (record.mpfEntries >= 2) mpoPresent = true;
   }

@@ -114,7 +114,7 @@ void holdFirstSelection(TarqDmrParamsInterface& params) {
 
 int runBatch(const BatchOptions& options) {
   TarqDmrParamsInterface& params = *openHost(options.host).GetParams();
-  holdFirstSelection(params);
+  if (options.jobs > 1) holdFirstSelection(params);
   BatchRun(params, options).run();
   return kExitOk;
 }

@@ -195,7 +195,7 @@ void Demo::checkBusyItem() {
   note("uri", uri);
   const int code = newChecker(params_)->CheckResource(uri.c_str(), didlLite(server_, {&kBusy, 1}).c_str());
   noteResult(code);
-  expect(code == 55107, "it is refused because the server answered 503");
+  expect(code == kServerBusy, "it is refused because the server answered 503");
 }
 
 void Demo::playClip() {

@@ -29,11 +29,6 @@ QuickFacts askQuickTests(const UriFacts& uri, const char* metadata) {
   return facts;
 }
 
-const char* attribute(const TARQ_Object* object, size_t index, const char* name) {
-  return plainText(
-      TARQ_Object_GetAttributeValue(object, cdsText("res"), static_cast<unsigned>(index), cdsText(name)));
-}
-
 bool isWrapped(const char* contentFormat) {
   return contentFormat != nullptr && std::strstr(contentFormat, "CONTENTFORMAT") != nullptr;
 }
@@ -54,11 +49,11 @@ const char* whySkipped(const char* protocolInfo, const char* url) {
   return nullptr;
 }
 
-ResFacts readRes(const TARQ_Object* object, size_t index, const TarqDlnaResSelection& selection,
+ResFacts readRes(const TARQ_Object* object, unsigned int index, const TarqDlnaResSelection& selection,
                  const TarqDlnaResMetadata& record) {
   ResFacts facts;
-  facts.protocolInfo = attribute(object, index, "protocolInfo");
-  facts.url = plainText(TARQ_Object_GetPropertyValue(object, cdsText("res"), static_cast<unsigned>(index)));
+  facts.protocolInfo = resAttribute(object, index, "protocolInfo");
+  facts.url = resUrl(object, index);
   facts.skipped = whySkipped(facts.protocolInfo, facts.url);
   if (facts.skipped != nullptr) return facts;
   const VondProtocolInfo fields(facts.protocolInfo);
@@ -102,7 +97,7 @@ void choose(const TARQ_Object* object, Explanation& explanation) {
   TarqDlnaResSelection selection(explanation.region);
   const int last = selection.readRecords(object, records.data(), count);
   for (size_t i = 0; i < records.size(); ++i)
-    explanation.res.push_back(readRes(object, i, selection, records[i]));
+    explanation.res.push_back(readRes(object, static_cast<unsigned int>(i), selection, records[i]));
 
   const ResContestKind kind = selection.contestFor(records.data(), count, last, 0);
   if (kind == ResContestKind::kNone) return;

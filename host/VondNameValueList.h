@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <cstring>
-#include <string_view>
 
 #include "TarqHostApi.h"
 
@@ -20,24 +19,32 @@ class TARQ_HOST_API VondNameValueList {
   VondNameValueList& operator=(const VondNameValueList&) = delete;
 
   bool IsValid() const noexcept { return valid_; }  // false: some item has an empty name before its "="
-  // The value, or null when the name is missing or has no value.
+  // The value, or null when the name is missing or has no value. `name` as it would stand in the list: no "="
+  // in it, no white space at its ends. Inline: of a constant the compiler knows length and bytes.
   const char* GetParameter(const char* name) const noexcept {
-    return name == nullptr ? nullptr
-                           : find({name, std::strlen(name)});  // inline: the length of a constant is one
+    const size_t length = name == nullptr ? 0 : std::strlen(name);
+    if (!valid_ || length == 0) return nullptr;
+    for (const Item* item = items_; item != items_ + count_; ++item) {
+      // The names of one list begin alike ("DLNA.ORG_..."): the last byte tells them apart soonest.
+      if (item->length < length || item->text[length - 1] != name[length - 1]) continue;
+      const char* value = nullptr;
+      if (std::memcmp(item->text, name, length) == 0 && endsName(*item, length, value)) return value;
+    }
+    return nullptr;
   }
 
  private:
-  const char* find(std::string_view name) const noexcept;
-  struct Item {
-    const char* name;   // not NUL-terminated
-    size_t nameLength;  // bytes, at least one
-    const char* value;  // null: none
+  struct Item {  // as written, without blanks at its ends
+    const char* text;
+    size_t length;  // bytes, at least one
+    bool quoted;    // its value is: the closing quote is cut off
   };
   static constexpr size_t kInlineBytes = 256;
   static constexpr size_t kInlineItems = 16;
 
+  // Whether the name of `item` ends behind its first `length` bytes; then `value` becomes what it has.
+  static bool endsName(const Item& item, size_t length, const char*& value) noexcept;
   bool split(char* end) noexcept;
-  bool addItem(char* begin, char* end) noexcept;
   bool grow() noexcept;
 
   // The usual list needs no heap: a longer text or more items go there.

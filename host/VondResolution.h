@@ -13,9 +13,9 @@ class TARQ_HOST_API VondResolution {
   static VondResolution* Parse(const char* text, int separator) noexcept;
   virtual ~VondResolution();
 
-  int GetStatus() const noexcept;  // 0: parsed
-  int GetWidth() const noexcept;   // pixels; 0 when not parsed
-  int GetHeight() const noexcept;
+  int GetStatus() const noexcept { return status_; }  // 0: parsed
+  int GetWidth() const noexcept { return width_; }    // pixels; 0 when not parsed
+  int GetHeight() const noexcept { return height_; }
 
  private:
   VondResolution(int status, int width, int height) noexcept;

@@ -17,6 +17,11 @@ constexpr bool isDigit(char c) { return c >= '0' && c <= '9'; }
 constexpr bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 constexpr char toLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
+inline const char* skipBlanks(const char* text) {
+  while (isBlank(*text)) ++text;
+  return text;
+}
+
 constexpr std::string_view trim(std::string_view text) {
   while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
   while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
@@ -34,8 +39,12 @@ constexpr bool equalIgnoringCase(std::string_view a, std::string_view b) {
   return a.size() == b.size() && startsWithIgnoringCase(a, b);
 }
 
-// Most names that are compared differ in their first byte.
-inline bool sameText(const char* a, const char* b) { return *a == *b && std::strcmp(a, b) == 0; }
+// Element names are so short that looking at them here beats a call.
+constexpr bool sameName(const char* a, const char* b) {
+  for (; *a == *b; ++a, ++b)
+    if (*a == '\0') return true;
+  return false;
+}
 
 // A copy of the first `length` bytes of `text` with a NUL behind them: in `inlineBuffer` where it fits, else
 // in a block that the caller frees. Null: no memory.

@@ -1,6 +1,7 @@
 #include "UpnpCdsResult.h"
 
 #include <cstring>
+#include <forward_list>
 #include <memory>
 #include <new>
 #include <pugixml.hpp>
@@ -52,25 +53,21 @@ const char* joinedText(pugi::xml_node element) {
 
 class ElementAttributes final : public UpnpAvAttributes {
  public:
-  explicit ElementAttributes(pugi::xml_node element) : element_(element), first_(element.first_attribute()) {}
+  explicit ElementAttributes(pugi::xml_node element)
+      : element_(element), any_(!element.first_attribute().empty()) {}
 
-  // Most names differ in their first byte: that spares most comparisons, which xml_node::attribute would all
-  // make.
   const char* GetValue(const char* name) const noexcept override {
     if (name == nullptr) return nullptr;
-    for (pugi::xml_attribute each = first_; !each.empty(); each = each.next_attribute()) {
-      const char* candidate = each.name();
-      if (*candidate == *name && std::strcmp(candidate, name) == 0) return each.value();
-    }
-    return nullptr;
+    const pugi::xml_attribute found = element_.attribute(name);
+    return found.empty() ? nullptr : found.value();
   }
 
   pugi::xml_node element() const { return element_; }
-  const UpnpAvAttributes* orNull() const { return first_.empty() ? nullptr : this; }
+  const UpnpAvAttributes* orNull() const { return any_ ? this : nullptr; }
 
  private:
   pugi::xml_node element_;
-  pugi::xml_attribute first_;
+  bool any_;  // asked for once, not with each attribute
 };
 
 class ElementProperty final : public UpnpAvProperty {
@@ -138,21 +135,23 @@ class ElementObject final : public UpnpAvObject {
   // Null: no memory, or `name` is null. Few names are ever asked for, each of them often and in a row.
   const Properties* propertiesNamed(const char* name) const {
     if (name == nullptr) return nullptr;
-    if (last_ < known_.size() && std::strcmp(known_[last_].name.c_str(), name) == 0)
-      return &known_[last_].properties;
-    for (last_ = 0; last_ < known_.size(); ++last_)
-      if (std::strcmp(known_[last_].name.c_str(), name) == 0) return &known_[last_].properties;
-    try {
-      return &known_.emplace_back(NamedProperties{name, collect(name)}).properties;
-    } catch (const std::bad_alloc&) {
-      return nullptr;
-    }
+    if (last_ == nullptr || !sameName(last_->name.c_str(), name)) last_ = lookUp(name);
+    return last_ == nullptr ? nullptr : &last_->properties;
+  }
+
+  const NamedProperties* lookUp(const char* name) const try {
+    for (const NamedProperties& known : known_)
+      if (sameName(known.name.c_str(), name)) return &known;
+    return &known_.emplace_front(NamedProperties{name, collect(name)});
+  } catch (const std::bad_alloc&) {
+    return nullptr;
   }
 
   Properties collect(const char* name) const {
     Properties properties;
+    properties.reserve(16);  // the usual object has fewer of any name
     for (pugi::xml_node child = firstChild(); child; child = child.next_sibling())
-      if (child.type() == pugi::node_element && sameText(shortName(child, prefix_), name))
+      if (sameName(shortName(child, prefix_), name) && child.type() == pugi::node_element)
         properties.emplace_back(child);
     return properties;
   }
@@ -160,8 +159,8 @@ class ElementObject final : public UpnpAvObject {
   ElementAttributes attributes_;
   const std::string& prefix_;
   mutable int count_ = -1;  // -1: not counted yet
-  mutable std::vector<NamedProperties> known_;
-  mutable size_t last_ = 0;  // the one asked for last
+  mutable std::forward_list<NamedProperties> known_;
+  mutable const NamedProperties* last_ = nullptr;  // the one asked for last
 };
 
 // The one element at the top level; null when there is none, or anything but white space beside it.
@@ -200,7 +199,7 @@ bool UpnpCdsResult::Document::parse(const char* didl, size_t length) {
 
   for (pugi::xml_node node = root.first_child(); node; node = node.next_sibling()) {
     const char* child = shortName(node, prefix);
-    if (sameText(child, "item") || sameText(child, "container")) objects.emplace_back(node, prefix);
+    if (sameName(child, "item") || sameName(child, "container")) objects.emplace_back(node, prefix);
   }
   return true;
 }

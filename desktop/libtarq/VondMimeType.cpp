@@ -14,21 +14,17 @@ constexpr auto kIsTokenChar = [] {
   return table;
 }();
 
-const char* skipBlanks(const char* text) {
-  while (isBlank(*text)) ++text;
-  return text;
-}
-
 std::string_view tokenAt(const char* text) {
   const char* end = text;
   while (kIsTokenChar[static_cast<unsigned char>(*end)]) ++end;
   return {text, static_cast<size_t>(end - text)};
 }
 
-// Where `text` goes on behind `token`; null when it does not begin with it.
+// Where `text` goes on behind `token`; null when it does not begin with it. No token holds a NUL, so a
+// shorter text differs.
 const char* behindToken(const char* text, std::string_view token) {
   for (const char c : token)
-    if (toLower(*text++) != toLower(c)) return nullptr;  // a NUL differs too: no token holds one
+    if (const char other = *text++; other != c && toLower(other) != toLower(c)) return nullptr;
   return text;
 }
 

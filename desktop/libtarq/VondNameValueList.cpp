@@ -7,24 +7,12 @@
 
 namespace {
 
-// The part of a writable text between `begin` and `end`.
-struct Part {
-  char* begin;
-  char* end;
-
-  bool isEmpty() const { return begin == end; }
-  size_t length() const { return static_cast<size_t>(end - begin); }
-};
-
-inline Part withoutBlanks(Part part) {
-  while (!part.isEmpty() && isBlank(*part.begin)) ++part.begin;
-  while (!part.isEmpty() && isBlank(part.end[-1])) --part.end;
-  return part;
-}
-
-Part withoutQuotes(Part part) {
-  const bool quoted = part.length() >= 2 && *part.begin == '"' && part.end[-1] == '"';
-  return quoted ? Part{part.begin + 1, part.end - 1} : part;
+// Whether the value of the item from `begin` to `end`, which a quote ends, has another one before it.
+bool isQuotedValue(const char* begin, const char* end) {
+  const auto* value = static_cast<const char*>(std::memchr(begin, '=', static_cast<size_t>(end - begin)));
+  if (value == nullptr) return false;
+  value = skipBlanks(value + 1);
+  return *value == '"' && end - value >= 2;
 }
 
 }  // namespace
@@ -41,40 +29,29 @@ VondNameValueList::~VondNameValueList() {
   if (items_ != inlineItems_) std::free(items_);
 }
 
-// The names of one list begin alike ("DLNA.ORG_..."): length and last byte tell them apart soonest.
-const char* VondNameValueList::find(std::string_view name) const noexcept {
-  if (!valid_ || name.empty()) return nullptr;
-  for (const Item* item = items_; item != items_ + count_; ++item) {
-    if (item->nameLength == name.size() && item->name[name.size() - 1] == name.back() &&
-        std::memcmp(item->name, name.data(), name.size()) == 0) {
-      return item->value;
-    }
-  }
-  return nullptr;
+bool VondNameValueList::endsName(const Item& item, size_t length, const char*& value) noexcept {
+  const char* behind = skipBlanks(item.text + length);
+  if (*behind == '=') value = skipBlanks(behind + 1) + (item.quoted ? 1 : 0);
+  return *behind == '=' || *behind == '\0';
 }
 
-// Cuts the copy, which ends at `end`, into items. False: an item without a name, or no memory.
+// Cuts the copy, which ends at `end`, into items. Where a name ends is looked up when it is asked for: few of
+// them ever are. False: an item without a name, or no memory.
 bool VondNameValueList::split(char* end) noexcept {
-  for (char* item = copy_; item < end;) {
-    char* itemEnd = std::strchr(item, ';');
+  for (char* next = copy_; next < end;) {
+    char* begin = next;
+    char* itemEnd = std::strchr(begin, ';');
     if (itemEnd == nullptr) itemEnd = end;
-    if (!addItem(item, itemEnd)) return false;
-    item = itemEnd + 1;
+    next = itemEnd + 1;
+    while (begin != itemEnd && isBlank(*begin)) ++begin;
+    if (begin == itemEnd) continue;
+    if (*begin == '=' || (count_ == capacity_ && !grow())) return false;
+    while (isBlank(itemEnd[-1])) --itemEnd;
+    const bool quoted = itemEnd[-1] == '"' && isQuotedValue(begin, itemEnd);
+    if (quoted) --itemEnd;
+    *itemEnd = '\0';
+    items_[count_++] = {begin, static_cast<size_t>(itemEnd - begin), quoted};
   }
-  return true;
-}
-
-bool VondNameValueList::addItem(char* begin, char* end) noexcept {
-  char* equals = static_cast<char*>(std::memchr(begin, '=', static_cast<size_t>(end - begin)));
-  const Part name = withoutBlanks({begin, equals != nullptr ? equals : end});
-  if (name.isEmpty()) return equals == nullptr;
-  if (count_ == capacity_ && !grow()) return false;
-  Item& item = items_[count_++];
-  item = {name.begin, name.length(), nullptr};
-  if (equals == nullptr) return true;
-  const Part value = withoutQuotes(withoutBlanks({equals + 1, end}));
-  *value.end = '\0';
-  item.value = value.begin;
   return true;
 }
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 
 #include "TarqHostApi.h"
 
@@ -42,6 +43,12 @@ class TARQ_HOST_API VondString {
     release();
     text_ = text;
     length_ = text == nullptr ? 0 : static_cast<uint32_t>(std::strlen(text));
+  }
+  // The same of a text whose length is known; a NUL follows it.
+  void refer(std::string_view text) noexcept {
+    release();
+    text_ = text.data();
+    length_ = static_cast<uint32_t>(text.size());
   }
 
   // Adds `text` at the end; an absent string becomes it. Null: nothing. May not point into this string.

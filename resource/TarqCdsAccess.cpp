@@ -12,6 +12,9 @@ const UpnpCdsResult* host(const TARQ_Result* result) {
   return reinterpret_cast<const UpnpCdsResult*>(result);
 }
 const UpnpAvObject* host(const TARQ_Object* object) { return reinterpret_cast<const UpnpAvObject*>(object); }
+const UpnpAvAttributes* host(const TARQ_Attributes* attributes) {
+  return reinterpret_cast<const UpnpAvAttributes*>(attributes);
+}
 const VondResolution* host(const TARQ_Resolution* resolution) {
   return reinterpret_cast<const VondResolution*>(resolution);
 }
@@ -47,15 +50,26 @@ const unsigned char* TARQ_Object_GetPropertyValue(const TARQ_Object* object, con
   return cdsText(host(object)->GetPropertyText(plainText(name), index));
 }
 
-const unsigned char* TARQ_Object_GetAttributeValue(const TARQ_Object* object, const unsigned char* name,
-                                                   unsigned int index, const unsigned char* attribute) {
+const TARQ_Attributes* TARQ_Object_GetAttributes(const TARQ_Object* object, const unsigned char* name,
+                                                 unsigned int index) {
   const UpnpAvAttributes* attributes = nullptr;
   if (name == nullptr) {
     attributes = host(object)->GetAttributes();
   } else if (const UpnpAvProperty* property = host(object)->GetPropertyByName(plainText(name), index)) {
     attributes = property->GetAttributes();
   }
-  return attributes == nullptr ? nullptr : cdsText(attributes->GetValue(plainText(attribute)));
+  return reinterpret_cast<const TARQ_Attributes*>(attributes);
+}
+
+const unsigned char* TARQ_Attributes_GetValue(const TARQ_Attributes* attributes,
+                                              const unsigned char* attribute) {
+  return cdsText(host(attributes)->GetValue(plainText(attribute)));
+}
+
+const unsigned char* TARQ_Object_GetAttributeValue(const TARQ_Object* object, const unsigned char* name,
+                                                   unsigned int index, const unsigned char* attribute) {
+  const TARQ_Attributes* attributes = TARQ_Object_GetAttributes(object, name, index);
+  return attributes == nullptr ? nullptr : TARQ_Attributes_GetValue(attributes, attribute);
 }
 
 TARQ_Resolution* TARQ_Resolution_Parse(const unsigned char* text) {

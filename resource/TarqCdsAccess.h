@@ -10,6 +10,7 @@
 
 struct TARQ_Result;      // a parsed document; whoever parsed it destroys it
 struct TARQ_Object;      // one `item` or `container` of a document, owned by it
+struct TARQ_Attributes;  // the attributes of one element, owned by the document
 struct TARQ_Resolution;  // width and height in pixels; whoever parsed it destroys it
 
 // Null when `didl` is null or does not parse.
@@ -26,6 +27,13 @@ const unsigned char* TARQ_Object_GetPropertyValue(const TARQ_Object* object, con
 // `name` null: an attribute of the object element itself, `index` does not matter.
 const unsigned char* TARQ_Object_GetAttributeValue(const TARQ_Object* object, const unsigned char* name,
                                                    unsigned int index, const unsigned char* attribute);
+
+// The same in two steps, for whoever reads several attributes of one element. Null: no such property, or it
+// has no attributes; `attributes` not null.
+const TARQ_Attributes* TARQ_Object_GetAttributes(const TARQ_Object* object, const unsigned char* name,
+                                                 unsigned int index);
+const unsigned char* TARQ_Attributes_GetValue(const TARQ_Attributes* attributes,
+                                              const unsigned char* attribute);
 
 // "1920x1080", with a lower-case x. Null when `text` is null or does not parse.
 TARQ_Resolution* TARQ_Resolution_Parse(const unsigned char* text);

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 #include "TarqDlnaResSelection.h"
 #include "TextMatch.h"
@@ -63,13 +64,14 @@ int categoryOfMimeType(const char* mimeType) {
 
 int categoryOfProfile(const char* dlnaPn) {
   if (dlnaPn == nullptr) return kCategoryUnknown;
-  const int category = firstMatch(kProfileNames, [&](const char* name) { return equals(dlnaPn, name); });
+  const std::string_view profile = dlnaPn;
+  const int category = firstMatch(kProfileNames, [&](const char* name) { return profile == name; });
   if (category != kCategoryUnknown) return category;
-  if (std::ranges::any_of(kMusicProfileBeginnings, [&](auto* name) { return beginsWith(dlnaPn, name); })) {
+  if (std::ranges::any_of(kMusicProfileBeginnings, [&](auto* name) { return profile.starts_with(name); })) {
     return kCategoryMusic;
   }
   const bool video =
-      std::ranges::any_of(videoProfileTable, [&](auto& row) { return equals(dlnaPn, row.profile); });
+      std::ranges::any_of(videoProfileTable, [&](auto& row) { return profile == row.profile; });
   return video ? kCategoryVideo : kCategoryUnknown;
 }
 

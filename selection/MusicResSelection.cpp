@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 #include "TarqDlnaResSelection.h"
 #include "TextMatch.h"
@@ -28,8 +29,8 @@ static_assert(wmaProfileTable.size() == 2 && musicProfileTable.size() == 4);
 
 // Music that is known by its whole MIME type only.
 struct MusicMimeType {
-  const char* mimeType;
-  const char* format;
+  std::string_view mimeType;
+  std::string_view format;
   int32_t firstPosition = kFirstPosition;
   bool notAmr = false;  // out when the extension is missing or "amr"
 };
@@ -49,16 +50,19 @@ constexpr auto kMusicMimeTypes = std::to_array<MusicMimeType>({
 // The first row whose profile name `matches` the record's, or whose MIME type begins a record without a name.
 template <class Table, class Matches>
 const NamedFormat* findFormat(const Table& table, const TarqDlnaResMetadata& record, Matches matches) {
-  const char* profile = record.dlnaPn.c_str();
   const auto row = std::ranges::find_if(table, [&](const NamedFormat& candidate) {
-    return profile != nullptr ? matches(profile, candidate.profile)
-                              : beginsWith(record.mimeType.c_str(), candidate.mimeType);
+    return record.dlnaPn.c_str() != nullptr ? matches(record.dlnaPn, candidate.profile)
+                                            : beginsWith(record.mimeType, candidate.mimeType);
   });
   return row == table.end() ? nullptr : &*row;
 }
 
-constexpr auto kNameEquals = [](const char* name, const char* wanted) { return equals(name, wanted); };
-constexpr auto kNameBegins = [](const char* name, const char* wanted) { return beginsWith(name, wanted); };
+constexpr auto kNameEquals = [](const VondString& name, std::string_view wanted) {
+  return equals(name, wanted);
+};
+constexpr auto kNameBegins = [](const VondString& name, std::string_view wanted) {
+  return beginsWith(name, wanted);
+};
 
 ResRule ruleOf(const TarqDlnaResMetadata& record) {
   return record.dlnaPn.c_str() != nullptr ? ResRule::kProfile : ResRule::kMimeType;
@@ -71,10 +75,9 @@ int32_t classifyMusic(TarqDlnaResMetadata& record, ResScore& score) {
     score.rule = ruleOf(record);
     return kFirstPosition;
   }
-  const char* mimeType = record.mimeType.c_str();
   const char* extension = record.extension.c_str();
   for (const MusicMimeType& row : kMusicMimeTypes) {
-    if (!equals(mimeType, row.mimeType)) continue;
+    if (!equals(record.mimeType, row.mimeType)) continue;
     if (row.notAmr && (extension == nullptr || equalsIgnoringCase(extension, "amr"))) {
       score.rule = ResRule::kMimeTypeAmr;
       return 0;

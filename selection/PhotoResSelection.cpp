@@ -19,11 +19,11 @@ static_assert(photoProfileTable.size() == 4);
 
 // A known format earns nothing of its own: position and size decide among photos.
 bool classifyPhoto(TarqDlnaResMetadata& record, ResScore& score) {
-  const char* profile = record.dlnaPn.c_str();
+  const bool named = record.dlnaPn.c_str() != nullptr;
   for (const NamedFormat& row : photoProfileTable) {
-    if (profile != nullptr ? equals(profile, row.profile) : equals(record.mimeType.c_str(), row.mimeType)) {
+    if (named ? equals(record.dlnaPn, row.profile) : equals(record.mimeType, row.mimeType)) {
       record.format.refer(row.format);
-      score.rule = profile != nullptr ? ResRule::kProfile : ResRule::kMimeType;
+      score.rule = named ? ResRule::kProfile : ResRule::kMimeType;
       return true;
     }
   }
@@ -77,7 +77,7 @@ int TarqDlnaResSelection::selectPhotoResIndex_MPO(int count, TarqDlnaResMetadata
   mpoPresent = false;
   const int index = pickMpo(count, records, nullptr);
   if (index == -1) return selectPhotoResIndex(count, records);
-  if (equals(records[index].mimeType.c_str(), "image/jpeg")) records[index].format.refer("MPO");
+  if (equals(records[index].mimeType, "image/jpeg")) records[index].format.refer("MPO");
   return index;
 }
 

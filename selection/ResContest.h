@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <new>
+#include <string_view>
 
 #include "TarqDlnaResMetadata.h"
 
@@ -140,9 +141,9 @@ struct MpoPhoto {
 
 // A profile name, the format it stands for, and the MIME type that stands for it where no profile is named.
 struct NamedFormat {
-  const char* profile;
-  const char* format;
-  const char* mimeType;
+  std::string_view profile;
+  std::string_view format;
+  std::string_view mimeType;
 };
 
 // Whether the fourth field declares byte-range seek: DLNA.ORG_OP agrees with "01" or "11" over its own

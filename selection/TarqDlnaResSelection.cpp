@@ -15,6 +15,10 @@ int32_t toInteger(const char* text) {
   return static_cast<int32_t>(static_cast<uint32_t>(std::strtoll(text, nullptr, 10)));
 }
 
+const char* attributeValue(const TARQ_Attributes* attributes, const char* name) {
+  return plainText(TARQ_Attributes_GetValue(attributes, cdsText(name)));
+}
+
 // The third protocolInfo field, or what link-protected content wraps into it. False when that does not parse.
 bool readMimeType(const char* contentFormat, VondString& mimeType) {
   if (contentFormat == nullptr) return true;
@@ -43,11 +47,13 @@ int TarqDlnaResSelection::getFileExtension(const char* url, VondString& extensio
 // False when the element does not parse; the record may then be half filled.
 bool TarqDlnaResSelection::readRecord(const TARQ_Object* object, unsigned int index,
                                       TarqDlnaResMetadata& record) {
-  const char* protocolInfo = resAttribute(object, index, "protocolInfo");
-  if (protocolInfo == nullptr || std::strchr(protocolInfo, ':') == nullptr) return false;
+  const TARQ_Attributes* attributes = TARQ_Object_GetAttributes(object, cdsText("res"), index);
+  if (attributes == nullptr) return false;
+  const char* protocolInfo = attributeValue(attributes, "protocolInfo");
+  if (protocolInfo == nullptr) return false;
   const char* url = resUrl(object, index);
   if (url == nullptr) return false;
-  const VondProtocolInfo fields(protocolInfo);
+  const VondProtocolInfo fields(protocolInfo);  // not valid without a ":"
   if (!fields.IsValid() || !readMimeType(fields.GetField(3), record.mimeType)) return false;
   getFileExtension(url, record.extension);
 
@@ -60,15 +66,15 @@ bool TarqDlnaResSelection::readRecord(const TARQ_Object* object, unsigned int in
   record.orsaPn = parameters.GetParameter("ORSA.COM_PN");
   record.aribPn = parameters.GetParameter("ARIB.OR.JP_PN");
   const char* converted = parameters.GetParameter("DLNA.ORG_CI");
-  record.notConverted = converted == nullptr || equals(converted, "0");
+  record.notConverted = converted == nullptr || std::strcmp(converted, "0") == 0;
 
   record.category =
       selectMediaCategory(record.mimeType.c_str(), record.extension.c_str(), record.dlnaPn.c_str());
   if (record.category == kCategoryPhoto || record.category == kCategoryVideo) {
-    record.resolution.refer(resAttribute(object, index, "resolution"));
+    record.resolution.refer(attributeValue(attributes, "resolution"));
   }
   if (record.category == kCategoryPhoto) {
-    const char* entries = resAttribute(object, index, "av:mpfEntries");
+    const char* entries = attributeValue(attributes, "av:mpfEntries");
     record.mpfEntries = entries == nullptr ? 0 : toInteger(entries);
     if (record.mpfEntries >= 2) mpoPresent = true;
   }

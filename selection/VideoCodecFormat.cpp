@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <array>
+#include <string_view>
 
 #include "RealMedia.h"
 #include "TarqDlnaResSelection.h"
@@ -13,8 +15,8 @@ constexpr int kGuessed = 100;
 
 struct CodecRow {
   uint32_t regionMask;
-  const char* mimeType;   // equals
-  const char* extension;  // equals, ignoring case
+  std::string_view mimeType;  // equals; its length tells most of these apart
+  const char* extension;      // equals, ignoring case
   const char* format;
 };
 
@@ -45,14 +47,16 @@ constexpr auto videoCodecTable = std::to_array<CodecRow>({
 });
 static_assert(videoCodecTable.size() == 23);
 
-using MimeMatch = bool (*)(const char* mime, const char* wanted);
-constexpr MimeMatch kEquals = [](const char* mime, const char* wanted) { return equals(mime, wanted); };
-constexpr MimeMatch kBegins = [](const char* mime, const char* wanted) { return beginsWith(mime, wanted); };
+using MimeMatch = bool (*)(std::string_view mime, std::string_view wanted);
+constexpr MimeMatch kEquals = [](std::string_view mime, std::string_view wanted) { return mime == wanted; };
+constexpr MimeMatch kBegins = [](std::string_view mime, std::string_view wanted) {
+  return mime.starts_with(wanted);
+};
 
 // In every region; "video/x-msvideo" and "video/avi" whole, the others with whatever follows.
 struct MimeAndExtension {
   MimeMatch matches;
-  const char* mimeType;
+  std::string_view mimeType;
   const char* extension;
   const char* format;
 };
@@ -65,7 +69,7 @@ constexpr MimeAndExtension kAviPairs[] = {
 // The first that holds; "video/vnd.directv.mpeg" stands after the longer name that it is a part of.
 struct MimeAlone {
   MimeMatch matches;
-  const char* mimeType;
+  std::string_view mimeType;
   const char* format;
   int weight;
 };
@@ -92,25 +96,22 @@ constexpr MimeAlone kMimeTypes[] = {
     {kBegins, "video/x-xvid", "Xvid", kIdentified},
 };
 
-constexpr const char* kRealMediaTypes[] = {"video/x-pn-realmedia", "application/vnd.rn-realmedia-vbr",
-                                           "application/vnd.rn-realmedia", "video/vnd.rn-realvideo"};
+constexpr std::string_view kRealMediaTypes[] = {"video/x-pn-realmedia", "application/vnd.rn-realmedia-vbr",
+                                                "application/vnd.rn-realmedia", "video/vnd.rn-realvideo"};
 
-bool isRealMediaType(const char* mime) {
-  for (const char* type : kRealMediaTypes) {
-    if (beginsWith(mime, type)) return true;
-  }
-  return false;
+bool isRealMediaType(std::string_view mime) {
+  return std::ranges::any_of(kRealMediaTypes, [&](auto& type) { return mime.starts_with(type); });
 }
 
-bool isRealMediaFile(const char* mime, const char* extension) {
+bool isRealMediaFile(std::string_view mime, const char* extension) {
   const bool rmvbOrRm = equalsIgnoringCase(extension, "rmvb") || equalsIgnoringCase(extension, "rm");
-  if (beginsWith(mime, "application/octet-stream")) return rmvbOrRm;
+  if (mime.starts_with("application/octet-stream")) return rmvbOrRm;
   return isRealMediaType(mime) && (rmvbOrRm || equalsIgnoringCase(extension, "rmv"));
 }
 
-const char* formatByExtension(int32_t region, const char* mime, const char* extension) {
+const char* formatByExtension(int32_t region, std::string_view mime, const char* extension) {
   for (const CodecRow& row : videoCodecTable) {
-    if ((static_cast<uint32_t>(region) & row.regionMask) != 0 && equals(mime, row.mimeType) &&
+    if ((static_cast<uint32_t>(region) & row.regionMask) != 0 && mime == row.mimeType &&
         equalsIgnoringCase(extension, row.extension)) {
       return row.format;
     }
@@ -127,18 +128,19 @@ const char* formatByExtension(int32_t region, const char* mime, const char* exte
 const char* TarqDlnaResSelection::getVideoCodecFormat(const char* mime, const char* extension,
                                                       int* weight) const {
   if (mime == nullptr) return nullptr;
+  const std::string_view type = mime;
   if (extension != nullptr) {
-    if (const char* format = formatByExtension(region, mime, extension)) {
+    if (const char* format = formatByExtension(region, type, extension)) {
       *weight = kIdentified;
       return format;
     }
   }
   for (const MimeAlone& test : kMimeTypes) {
-    if (!test.matches(mime, test.mimeType)) continue;
+    if (!test.matches(type, test.mimeType)) continue;
     *weight = test.weight;
     return test.format;
   }
-  if (region == kRealMediaRegion && isRealMediaType(mime)) {
+  if (region == kRealMediaRegion && isRealMediaType(type)) {
     *weight = kIdentified;
     return kRealMediaFormat;
   }

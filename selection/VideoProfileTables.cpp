@@ -8,7 +8,8 @@ bool profilesMapped = false;
 
 void TarqDlnaResSelection::maptheProfiles() {
   int number = 0;
-  for (const VideoProfileRow& row : videoProfileTable) profileMap.put(row.profile, ++number);
+  for (const VideoProfileRow& row : videoProfileTable)
+    profileMap.put({row.profile.data(), row.profile.size()}, ++number);
   int position = 0;
   for (const char* mimeType : videoMimeTypes) mimeMap.put(mimeType, ++position);
   profilesMapped = true;

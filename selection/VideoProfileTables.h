@@ -19,8 +19,8 @@ using ProfileNameField = VondString TarqDlnaResMetadata::*;
 struct VideoProfileRow {
   uint32_t regionMask;  // the row applies where it shares a bit with the region
   ProfileNameField keyedOn;
-  const char* profile;
-  const char* format;
+  std::string_view profile;
+  std::string_view format;
 
   bool appliesIn(int32_t region) const { return (static_cast<uint32_t>(region) & regionMask) != 0; }
 };
@@ -156,13 +156,13 @@ static_assert(videoProfileTable.size() == 63 && wmvProfileTable.size() == 7 && v
 static_assert(std::ranges::all_of(videoProfileTable,
                                   [](auto& row) {
                                     return std::ranges::count_if(videoProfileTable, [&](auto& other) {
-                                             return std::string_view(other.profile) == row.profile;
+                                             return other.profile == row.profile;
                                            }) == 1;
                                   }),
               "a profile is listed twice: the map would hide the second");
 static_assert(std::ranges::all_of(videoProfileTable,
                                   [](auto& row) {
-                                    return std::string_view(row.profile).starts_with("DTCP_") ==
+                                    return row.profile.starts_with("DTCP_") ==
                                            (row.regionMask == video_profile_tables::kRegion1);
                                   }),
               "link-protected profiles, and no others, are bound to their region");

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 #include "RealMedia.h"
 #include "TarqDlnaResSelection.h"
@@ -15,7 +16,7 @@ constexpr int32_t kKnownFormatPoints = 200;
 // An extension of "" passes an empty one; an absent extension passes nothing.
 struct MimeRule {
   int position;
-  const char* format;
+  std::string_view format;
   std::array<const char*, 4> extensions;  // filled up with null
   bool anyExtension = false;              // even an absent one
   bool realMedia = false;                 // only in the region that plays RealMedia
@@ -118,8 +119,7 @@ int TarqDlnaResSelection::selectVideoResIndex(int count, TarqDlnaResMetadata* re
 
 bool TarqDlnaResSelection::IsM3U8Content(int count, const TarqDlnaResMetadata* records) const {
   return std::any_of(records, records + std::max(count, 0), [](const TarqDlnaResMetadata& record) {
-    const char* mimeType = record.mimeType.c_str();
-    return record.notConverted && (beginsWith(mimeType, "application/x-mpegURL") ||
-                                   beginsWith(mimeType, "application/vnd.apple.mpegURL"));
+    return record.notConverted && (beginsWith(record.mimeType, "application/x-mpegURL") ||
+                                   beginsWith(record.mimeType, "application/vnd.apple.mpegURL"));
   });
 }

@@ -1,6 +1,7 @@
 #ifndef VOND_ARRAY_MAP_H_
 #define VOND_ARRAY_MAP_H_
 
+#include <cstdint>
 #include <cstdlib>
 #include <new>
 #include <utility>
@@ -87,6 +88,7 @@ class VondArrayListT : public VondCollectionT<T> {
   // Makes room for `n` entries; false when there is no memory.
   bool growCapacity(int n) {
     if (capacity_ >= n) return true;
+    if (static_cast<size_t>(n) > SIZE_MAX / sizeof(T)) return false;
     T* grown = static_cast<T*>(std::malloc(static_cast<size_t>(n) * sizeof(T)));
     if (grown == nullptr) return false;
     for (int i = 0; i < size_; ++i) relocate(data_ + i, grown + i);

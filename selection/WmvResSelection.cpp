@@ -17,7 +17,7 @@ constexpr int32_t kSecondaryPoints = 100;
 template <class Table>
 const VideoProfileRow* findByPrefix(const Table& table, int32_t region, const TarqDlnaResMetadata& record) {
   const auto row = std::ranges::find_if(table, [&](const VideoProfileRow& candidate) {
-    return candidate.appliesIn(region) && beginsWith((record.*candidate.keyedOn).c_str(), candidate.profile);
+    return candidate.appliesIn(region) && beginsWith(record.*candidate.keyedOn, candidate.profile);
   });
   return row == table.end() ? nullptr : &*row;
 }
@@ -42,11 +42,10 @@ int pick(int count, const ResScore* scores) {
 bool TarqDlnaResSelection::IsWMVContent(int count, const TarqDlnaResMetadata* records) const {
   return std::any_of(records, records + std::max(count, 0), [](const TarqDlnaResMetadata& record) {
     if (!record.notConverted) return false;
-    const char* profile = record.dlnaPn.c_str();
-    const char* mimeType = record.mimeType.c_str();
-    if (profile == nullptr)
-      return beginsWith(mimeType, "video/x-ms-wmv") || beginsWith(mimeType, "video/x-ms-asf");
-    return std::ranges::any_of(wmvProfileTable, [&](auto& row) { return beginsWith(profile, row.profile); });
+    if (record.dlnaPn.c_str() == nullptr)
+      return beginsWith(record.mimeType, "video/x-ms-wmv") || beginsWith(record.mimeType, "video/x-ms-asf");
+    return std::ranges::any_of(wmvProfileTable,
+                               [&](auto& row) { return beginsWith(record.dlnaPn, row.profile); });
   });
 }
 
@@ -71,7 +70,7 @@ bool TarqDlnaResSelection::classifyWmv(TarqDlnaResMetadata& record, ResScore& sc
     (weight == kSecondaryPoints ? score.secondary : score.primary).format = weight;
     return weight != 0;
   }
-  if (!beginsWith(record.mimeType.c_str(), "video/mp4")) return false;
+  if (!beginsWith(record.mimeType, "video/mp4")) return false;
   record.format.refer("MPEG4");
   score.rule = ResRule::kUnknownProfileMime;
   score.primary.format = kPrimaryPoints;

@@ -19,18 +19,22 @@ class BatchRun {
   BatchRun(TarqDmrParamsInterface& params, const BatchOptions& options)
       : params_(params),
         defaultRegion_(options.region),
+        region_(options.region),
         input_(options.file),
         items_(kMaxItems),
         workers_(
             options.jobs, kMaxItems, [this](size_t i) { answer(items_[i]); },
-            [this](size_t i) { output_.addLine(items_[i].answer.text()); }) {}
+            [this](size_t i) { deliver(i); }) {}
 
   void run();
 
  private:
   static constexpr size_t kMaxItems = 512;
 
+  enum class State { kUnread, kRead, kAnswered };
   struct Item {
+    InputLine line;
+    State state = State::kUnread;
     BatchRequest request;
     JsonText answer;
   };
@@ -39,13 +43,16 @@ class BatchRun {
   void answerCollected();
   void answer(Item& item) noexcept;
   void check(Item& item);
+  void deliver(size_t last);
 
   TarqDmrParamsInterface& params_;
   const int32_t defaultRegion_;
+  int32_t region_;  // belongs to the whole process: checks at once are checks of one region
   BatchInput input_;
   BatchOutput output_;
   std::vector<Item> items_;
-  size_t count_ = 0;  // of the items collected
+  size_t count_ = 0;      // of the items collected
+  size_t delivered_ = 0;  // of them
   OrderedWorkers workers_;
 };
 
@@ -60,37 +67,38 @@ bool BatchRun::collect() {
   for (count_ = 0; count_ < kMaxItems; ++count_) {
     const auto line = input_.nextLine();
     if (!line) break;
-    BatchRequest& request = items_[count_].request;
-    request = parseBatchLine(*line, defaultRegion_);
-    // A line without a check goes with its neighbours.
-    if (request.problem != nullptr)
-      request.region = count_ == 0 ? defaultRegion_ : items_[count_ - 1].request.region;
+    items_[count_].line = *line;
+    items_[count_].state = State::kUnread;
   }
   return count_ > 0;
 }
 
-// The region belongs to the whole process: checks at once are checks of one region.
+// Each round answers the lines of one region. Nearly always all of them are of the last one.
 void BatchRun::answerCollected() {
-  for (size_t begin = 0, end; begin < count_; begin = end) {
-    const int32_t region = items_[begin].request.region;
-    for (end = begin + 1; end < count_ && items_[end].request.region == region;) ++end;
-    params_.SetCurrentRegion(region);
-    workers_.run(begin, end);
+  for (delivered_ = 0; delivered_ < count_;) {
+    if (items_[delivered_].state == State::kRead) region_ = items_[delivered_].request.region;
+    params_.SetCurrentRegion(region_);
+    workers_.run(delivered_, count_);
   }
 }
 
+// A line is read where it is checked: its bytes are in that processor's cache then.
 void BatchRun::answer(Item& item) noexcept {
-  item.answer.clear();
-  if (item.request.problem != nullptr) {
-    writeRefused(item.answer, kInvalidLine, item.request.problem);
-    return;
+  if (item.state == State::kUnread) {
+    item.request = parseBatchLine(item.line, defaultRegion_);
+    item.state = State::kRead;
   }
+  const char* problem = item.request.problem;
+  if (item.state == State::kAnswered || (problem == nullptr && item.request.region != region_)) return;
+  item.answer.clear();
+  item.state = State::kAnswered;
   try {
-    check(item);
+    if (problem == nullptr) return check(item);
   } catch (const std::bad_alloc&) {
     item.answer.clear();
-    writeRefused(item.answer, kInvalidLine, "not enough memory for the check");
+    problem = "not enough memory for the check";
   }
+  writeRefused(item.answer, kInvalidLine, problem);
 }
 
 void BatchRun::check(Item& item) {
@@ -101,6 +109,12 @@ void BatchRun::check(Item& item) {
   } else {
     writeRefused(item.answer, code, describe(code));
   }
+}
+
+// Writes what is answered up to item `last`, in order.
+void BatchRun::deliver(size_t last) {
+  for (; delivered_ <= last && items_[delivered_].state == State::kAnswered; ++delivered_)
+    output_.addLine(items_[delivered_].answer.text());
 }
 
 // The first selection of the process fills tables that all others read, so it ends before any other starts.

@@ -11,10 +11,10 @@ namespace {
 // ASCII without control characters, quotes and backslashes. Looks at every byte, so that it becomes vector
 // code.
 bool isPlain(std::string_view text) {
-  unsigned special = 0;
+  unsigned char special = 0;
   for (const char c : text) {
     const auto byte = static_cast<unsigned char>(c);
-    special |= static_cast<unsigned>(byte < 0x20 || byte >= 0x80 || byte == '"' || byte == '\\');
+    special |= static_cast<unsigned char>(byte < 0x20 || byte >= 0x80 || byte == '"' || byte == '\\');
   }
   return special == 0;
 }

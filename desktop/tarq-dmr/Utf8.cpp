@@ -1,8 +1,5 @@
 #include "Utf8.h"
 
-#include <cstdint>
-#include <cstring>
-
 namespace {
 
 // Bytes of the character that `text` (not empty) begins with; 0: no valid one.
@@ -20,29 +17,23 @@ size_t characterLength(std::string_view text) {
   return continues(3) ? 4 : 0;
 }
 
-// Bytes before the first one above 0x7F, sixteen at a time: nearly all texts are plain ASCII.
-size_t asciiLength(std::string_view text) {
-  constexpr uint64_t kHighBits = 0x8080808080808080u;
-  size_t length = 0;
-  for (; length + 16 <= text.size(); length += 16) {
-    uint64_t words[2];
-    std::memcpy(words, text.data() + length, sizeof words);
-    if (((words[0] | words[1]) & kHighBits) != 0) break;
-  }
-  while (length < text.size() && static_cast<unsigned char>(text[length]) < 0x80) ++length;
-  return length;
+// Looks at every byte, so that it becomes vector code: nearly all texts are plain ASCII.
+bool isAscii(std::string_view text) {
+  unsigned char bits = 0;
+  for (const char c : text) bits |= static_cast<unsigned char>(c);
+  return bits < 0x80;
 }
 
 }  // namespace
 
 bool isValidUtf8(std::string_view text) {
-  for (;;) {
-    text.remove_prefix(asciiLength(text));
-    if (text.empty()) return true;
+  if (isAscii(text)) return true;
+  while (!text.empty()) {
     const size_t length = characterLength(text);
     if (length == 0) return false;
     text.remove_prefix(length);
   }
+  return true;
 }
 
 std::string repairUtf8(std::string_view text) {

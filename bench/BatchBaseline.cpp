@@ -1,0 +1,23 @@
+// What a batch is measured against: reads the same lines with a well-kept JSON library, walks each document,
+// and writes a short result line.
+#include <fstream>
+#include <iostream>
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "BareWalk.h"
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::cerr << "usage: tarq-batch-baseline FILE\n";
+    return 2;
+  }
+  std::ios::sync_with_stdio(false);
+  std::ifstream lines(argv[1]);
+  for (std::string line; std::getline(lines, line);) {
+    const auto request = nlohmann::json::parse(line);
+    const auto& metadata = request["metadata"].get_ref<const std::string&>();
+    std::cout << nlohmann::json{{"uri", request["uri"]}, {"seen", bareWalk(metadata)}} << '\n';
+  }
+  return 0;
+}

@@ -1,14 +1,16 @@
 #!/usr/bin/env bash
-# Installs those packages of scripts/packages.txt that this machine lacks. Does nothing, and needs no rights,
-# when all are there.
+# Installs those packages that this machine lacks: of scripts/packages.txt, or of the lists named instead. Does
+# nothing, and needs no rights, when all are there.
 set -euo pipefail
 cd "$(dirname "$0")"
 
+lists=("$@")
+[ ${#lists[@]} -gt 0 ] || lists=(packages.txt)
 missing=()
 while read -r package _; do
   case "$package" in ''|'#'*) continue ;; esac
   dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
-done < packages.txt
+done < <(cat "${lists[@]}")
 [ ${#missing[@]} -eq 0 ] && exit 0
 
 as_root=()

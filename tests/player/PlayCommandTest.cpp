@@ -1,4 +1,4 @@
-// `tarq-dmr play` from outside.
+// `tarq-dmr play` and `demo` from outside.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -77,6 +77,12 @@ TEST(Play, InterruptStopsTheTrackAndItsProgram) {
   EXPECT_EQ(status, 0) << err.content();
   EXPECT_THAT(out.content(), EndsWith("stopped\n"));
   EXPECT_NE(::kill(std::stoi(notes.text()), 0), 0);
+}
+
+TEST(Demo, ComesOutAsItShould) {
+  const Outcome outcome = runProgram({"demo"});
+  EXPECT_EQ(outcome.exitCode, 0) << outcome.out;
+  EXPECT_EQ(outcome.err, "");
 }
 
 struct FailureCase {

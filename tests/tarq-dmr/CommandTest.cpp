@@ -75,13 +75,6 @@ TEST(Program, HelpsOnEveryCommand) {
   EXPECT_THAT(bare.err, HasSubstr("check"));
 }
 
-TEST(Program, DemoComesOutAsItShould) {
-  ::setenv("ASAN_OPTIONS", "detect_leaks=0", 1);  // the leak sanitizer crashes in the Java VM's threads
-  const Outcome outcome = runProgram({"demo"});
-  EXPECT_EQ(outcome.exitCode, 0) << outcome.out;
-  EXPECT_EQ(outcome.err, "");
-}
-
 TEST(Program, FullDiskIsNoSuccess) {
   const MemoryFile none;
   const int full = ::open("/dev/full", O_WRONLY);

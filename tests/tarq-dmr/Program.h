@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iterator>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -36,11 +38,15 @@ class MemoryFile {
   int descriptor_;
 };
 
-// Starts tarq-dmr with these three files; the caller waits for it.
+// Starts tarq-dmr with these three files, in the emulator if it is built for one; the caller waits for it.
 inline pid_t startProgram(const std::vector<std::string>& arguments, int in, int out, int err,
                           const std::string& program = TARQ_DMR_PROGRAM) {
-  std::vector<char*> argv{const_cast<char*>(program.c_str())};
-  for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
+  std::istringstream emulator(TARQ_EMULATOR);
+  std::vector<std::string> words(std::istream_iterator<std::string>(emulator), {});
+  words.push_back(program);
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  std::vector<char*> argv;
+  for (std::string& word : words) argv.push_back(word.data());
   argv.push_back(nullptr);
   posix_spawn_file_actions_t files;
   ::posix_spawn_file_actions_init(&files);
@@ -48,7 +54,7 @@ inline pid_t startProgram(const std::vector<std::string>& arguments, int in, int
   ::posix_spawn_file_actions_adddup2(&files, out, STDOUT_FILENO);
   ::posix_spawn_file_actions_adddup2(&files, err, STDERR_FILENO);
   pid_t child = -1;
-  if (::posix_spawn(&child, argv[0], &files, nullptr, argv.data(), environ) != 0) std::abort();
+  if (::posix_spawnp(&child, argv[0], &files, nullptr, argv.data(), environ) != 0) std::abort();
   ::posix_spawn_file_actions_destroy(&files);
   return child;
 }

@@ -41,10 +41,13 @@ TEST(TarqDmrPluginManager, TellsWhatIsWrongThenAdoptsThenLoads) {
 
   void* library = dlopen(FAKE_PLUGIN, RTLD_NOW | RTLD_LOCAL);
   ASSERT_NE(library, nullptr) << dlerror();
+  setenv("FAKE_PLUGIN_FAILS", "GetPluginInfo", 1);
+  EXPECT_EQ(manager->GetParams(), nullptr);
+  unsetenv("FAKE_PLUGIN_FAILS");
   EXPECT_NE(manager->GetParams(), nullptr);
   EXPECT_EQ(manager->GetPluginInfo()->version[0], 7);
   const std::string adopting = callsOf(library);
-  EXPECT_EQ(adopting, "GetPluginInfo GetSpec GetCpParams GetDeviceNac GetParams GetPlayer");
+  EXPECT_EQ(adopting, "GetPluginInfo GetPluginInfo GetSpec GetCpParams GetDeviceNac GetParams GetPlayer");
 
   EXPECT_EQ(manager->Load(FAKE_PLUGIN, "/res"), 0) << manager->GetLoadError();
   EXPECT_STREQ(manager->GetLoadError(), "");

@@ -69,6 +69,8 @@ TEST(VondArrayMap, PutNeverOverwrites) {
   EXPECT_EQ(value, nullptr);
   EXPECT_TRUE(map.get("A", value) && *value == 3);
   EXPECT_TRUE(map.remove("a") && !map.remove("a") && map.size() == 1);
+  map.clear();
+  EXPECT_TRUE(map.size() == 0 && map.put("A", 4));
 }
 
 TEST(VondArrayMap, ListsKeysAndValuesInOrder) {

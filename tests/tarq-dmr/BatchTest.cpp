@@ -54,14 +54,19 @@ const LineCase kLines[] = {
     {"UriNested", R"({"more":{"uri":"x:"}})", kInvalid},
     {"UriNull", R"({"uri":null})", kInvalid},
     {"UriArray", R"({"uri":["x:"]})", kInvalid},
+    {"UriTrue", R"({"uri":true})", kInvalid},
     {"MetadataNumber", R"({"uri":"x:","metadata":1})", kInvalid},
     {"RegionText", R"({"uri":"x:","region":"1"})", kInvalid},
     {"RegionNull", R"({"uri":"x:","region":null})", kInvalid},
     {"RegionFraction", R"({"uri":"x:","region":1.0})", kInvalid},
     {"RegionTooLarge", R"({"uri":"x:","region":2147483648})", kInvalid},
+    {"RegionFarTooLarge", R"({"uri":"x:","region":18446744073709551615})", kInvalid},
     {"RegionTooSmall", R"({"uri":"x:","region":-2147483649})", kInvalid},
     {"BadUtf8", "{\"uri\":\"x:\xC3\"}", kInvalid},
     {"BadUtf8Elsewhere", "{\"uri\":\"x:\",\"title\":\"\xED\xA0\x80\"}", kInvalid},
+    {"BadUtf8TooLong", "{\"uri\":\"x:\xF0\x8F\xBF\xBF\"}", kInvalid},
+    {"BadUtf8TooLarge", "{\"uri\":\"x:\xF4\x90\x80\x80\"}", kInvalid},
+    {"Utf8OfFourBytes", "{\"uri\":\"x:\xF4\x8F\xBF\xBF\"}", kChecked},
     {"NulEscape", R"({"uri":"x:\u0000"})", kInvalid},
     {"LowSurrogate", R"({"uri":"x:","metadata":"\udc00"})", kInvalid},
     {"ControlCharacter", "{\"uri\":\"x:aaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaaa\x1F\"}", kInvalid},
@@ -182,6 +187,7 @@ class Pipe {
 TEST(Batch, AnswersBeforeTheInputEnds) {
   Pipe in;
   Pipe out;
+  ::fcntl(in.read(), F_SETFL, O_NONBLOCK);  // as another program that shares the pipe may have set it
   const pid_t child =
       startProgram({"check", "--batch", "-", "--jobs", "4"}, in.read(), out.write(), STDERR_FILENO);
   out.closeWrite();
@@ -196,6 +202,40 @@ TEST(Batch, AnswersBeforeTheInputEnds) {
   }
   in.closeWrite();
   ::waitpid(child, nullptr, 0);
+}
+
+TEST(Batch, WaitsForAReaderThatIsSlow) {
+  constexpr size_t kCount = 2000;
+  Pipe out;
+  ::fcntl(out.write(), F_SETFL, O_NONBLOCK);
+  ::fcntl(out.write(), F_SETPIPE_SZ, 4096);  // far less than is written at a time
+  const MemoryFile input;
+  for (size_t i = 0; i < kCount; ++i) input.append(line("a") + "\n");
+  input.rewind();
+  const pid_t child = startProgram({"check", "--batch", "-"}, input.descriptor(), out.write(), STDERR_FILENO);
+  out.closeWrite();
+  std::string answers;
+  char block[4096];
+  for (ssize_t count; (count = ::read(out.read(), block, sizeof block)) > 0;)
+    answers.append(block, static_cast<size_t>(count));
+  EXPECT_EQ(linesOf(answers), std::vector<std::string>(kCount, accepted("a")));
+  ::waitpid(child, nullptr, 0);
+}
+
+TEST(Batch, CountsTheLinesOnATerminal) {
+  const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY);
+  ASSERT_TRUE(::grantpt(terminal) == 0 && ::unlockpt(terminal) == 0);
+  const int screen = ::open(::ptsname(terminal), O_RDWR | O_NOCTTY);
+  const MemoryFile input, out;
+  input.append(line("a") + "\n\n");
+  input.rewind();
+  ::waitpid(startProgram({"check", "--batch", "-"}, input.descriptor(), out.descriptor(), screen), nullptr,
+            0);
+  char shown[256] = {};
+  EXPECT_GT(::read(terminal, shown, sizeof shown - 1), 0);
+  EXPECT_THAT(shown, HasSubstr("2 lines, "));
+  ::close(screen);
+  ::close(terminal);
 }
 
 TEST(Batch, EndsQuietlyWhenNobodyReads) {

@@ -161,28 +161,57 @@ TEST(Explain, AgreesWithTheCheckOnRealItems) {
 TEST(Explain, ProbeShowsWhatCameBack) {
   struct Row {
     const char* answer;
-    int exitCode;
+    int code;
+    const char* lookedUp;  // null: nothing is looked up
     std::vector<const char*> phrases;
   };
   const Row rows[] = {
       {"200 OK\r\nContent-Type: video/mp4",
        0,
+       "MIME type \"video/mp4\"",
        {"looked up   MIME type \"video/mp4\"", "accepted (0): no res, format MPEG4\n"}},
       {"200 OK\r\nContent-Type: video/mp4\r\ncontentFeatures.dlna.org: DLNA.ORG_PN=NO\x1B",
-       1,
+       55106,
+       "profile name \"NO\x1B\"",
        {"looked up   profile name \"NO\\x1b\"", "status 200, content type video/mp4", "refused (55106)"}},
-      {"404 No", 1, {"status 404, content type -", "refused (55108)"}},
-      {"503 No", 1, {"came back   the server answered 503\n", "refused (55107)"}},
+      {"404 No", 55108, nullptr, {"status 404, content type -", "refused (55108)"}},
+      {"503 No", 55107, nullptr, {"came back   the server answered 503\n", "refused (55107)"}},
   };
-  for (const auto& [answer, exitCode, phrases] : rows) {
+  for (const auto& [answer, code, lookedUp, phrases] : rows) {
     RawHttpServer server("HTTP/1.1 " + std::string(answer) + "\r\n\r\n");
     const Outcome closed = runProgram({"explain", server.url(), "--region", "1"});
     EXPECT_THAT(closed.out, HasSubstr("Verdict: open"));
     EXPECT_EQ(server.requests().size(), 0u);
     const Outcome outcome = runProgram({"explain", server.url(), "--region", "1", "--probe"});
-    EXPECT_EQ(outcome.exitCode, exitCode) << answer;
+    EXPECT_EQ(outcome.exitCode, code == 0 ? 0 : 1) << answer;
     for (const char* phrase : phrases) EXPECT_THAT(outcome.out, HasSubstr(phrase));
+    rapidjson::Document json;
+    json.Parse(runProgram({"explain", server.url(), "--region", "1", "--probe", "--json"}).out.c_str());
+    ASSERT_TRUE(json.IsObject());
+    EXPECT_EQ(json["verdict"]["code"].GetInt(), code);
+    if (lookedUp != nullptr) {
+      EXPECT_EQ(textOf(json["probe"]["answer"]["lookedUp"]), lookedUp) << answer;
+    }
   }
+}
+
+TEST(Explain, TellsWhatIsMissing) {
+  const struct {
+    const char* uri;
+    const char* metadata;
+    std::vector<const char*> phrases;
+  } cases[] = {
+      {"a.jpg", "<x/>", {"no URL with a scheme and a host", "there is no URL", "no DLNA metadata"}},
+      {"http://a.example/", "<DIDL-Lite/>", {"no item or container in it", "The server is not asked: "}},
+      {"http://a.example/", "<DIDL-Lite><item/></DIDL-Lite>", {"its first object has no res element"}},
+      {"http://a.example/a.mp4", "<x/>", {"Quick tests: accepted", "as video/*, no res chosen"}},
+  };
+  for (const auto& [uri, metadata, phrases] : cases) {
+    const Outcome outcome = runProgram({"explain", uri, "--metadata", "-"}, metadata);
+    for (const char* phrase : phrases) EXPECT_THAT(outcome.out, HasSubstr(phrase)) << uri;
+  }
+  EXPECT_THAT(runProgram({"explain", "http://127.0.0.1:1/a", "--json"}).out, HasSubstr(R"({"code":null,)"));
+  EXPECT_THAT(runProgram({"explain", "--batch", "-"}, "{}\n").out, HasSubstr("uri is missing"));
 }
 
 TEST(Explain, CheckTellsHowToAskWhy) {

@@ -20,13 +20,13 @@
 // A listening socket on an ephemeral port of the loopback address.
 class LoopbackListener {
  public:
-  LoopbackListener() : fd_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+  explicit LoopbackListener(int backlog = SOMAXCONN) : fd_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     socklen_t size = sizeof address;
     bind(fd_, reinterpret_cast<sockaddr*>(&address), size);
-    listen(fd_, SOMAXCONN);
+    listen(fd_, backlog);
     getsockname(fd_, reinterpret_cast<sockaddr*>(&address), &size);
     port_ = ntohs(address.sin_port);
   }
@@ -46,7 +46,8 @@ class LoopbackListener {
 
 // Answers each connection with raw bytes, so that it can misbehave as real servers do. It reads one request,
 // records it, plays the answer and closes.
-// Threads: one for each connection; the answer is played on it. The destructor cuts all connections.
+// Threads: one for each connection, as long as it is open; the answer is played on it. The destructor cuts
+// all connections.
 class RawHttpServer {
  public:
   class Connection {
@@ -66,6 +67,13 @@ class RawHttpServer {
       pollfd waiting{fd_, POLLIN, 0};
       char byte;
       return poll(&waiting, 1, static_cast<int>(limit.count())) > 0 && recv(fd_, &byte, 1, 0) <= 0;
+    }
+    // One byte after the other. False: the client is gone.
+    bool sendSlowly(std::string_view text, std::chrono::milliseconds pause) {
+      for (const char byte : text) {
+        if (!send({&byte, 1}) || closedWithin(pause)) return false;
+      }
+      return true;
     }
     // The end of the connection becomes a reset.
     void resetOnClose() {
@@ -91,11 +99,9 @@ class RawHttpServer {
   ~RawHttpServer() {
     shutdown(listener_.fd(), SHUT_RDWR);  // ends accept()
     acceptor_.join();
-    {
-      const std::lock_guard lock(mutex_);
-      for (const int fd : open_) shutdown(fd, SHUT_RDWR);
-    }
-    for (std::thread& worker : workers_) worker.join();
+    std::unique_lock lock(mutex_);
+    for (const int fd : open_) shutdown(fd, SHUT_RDWR);
+    changed_.wait(lock, [this] { return open_.empty(); });
   }
 
   std::string url(const std::string& path = "/media") const { return listener_.url(path); }
@@ -103,6 +109,11 @@ class RawHttpServer {
   std::vector<std::string> requests() {
     const std::lock_guard lock(mutex_);
     return requests_;
+  }
+  // True: every connection came to its end within `limit`.
+  bool allClosedWithin(std::chrono::milliseconds limit) {
+    std::unique_lock lock(mutex_);
+    return changed_.wait_for(lock, limit, [this] { return open_.empty(); });
   }
   void waitForRequest() {
     std::unique_lock lock(mutex_);
@@ -114,7 +125,7 @@ class RawHttpServer {
     for (int fd; (fd = accept4(listener_.fd(), nullptr, nullptr, SOCK_CLOEXEC)) >= 0;) {
       const std::lock_guard lock(mutex_);
       open_.push_back(fd);
-      workers_.emplace_back([this, fd] { serve(fd); });
+      std::thread([this, fd] { serve(fd); }).detach();
     }
   }
 
@@ -130,6 +141,7 @@ class RawHttpServer {
     const std::lock_guard lock(mutex_);
     open_.remove(fd);
     close(fd);
+    changed_.notify_all();  // still locked: the server may be gone right after
   }
 
   LoopbackListener listener_;
@@ -138,7 +150,6 @@ class RawHttpServer {
   std::condition_variable changed_;
   std::list<int> open_;
   std::vector<std::string> requests_;
-  std::vector<std::thread> workers_;
   std::thread acceptor_;  // last: it uses all of the above
 };
 

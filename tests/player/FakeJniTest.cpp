@@ -5,6 +5,7 @@
 
 #include <cstdarg>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "TarqDmrInvokeJava.h"
@@ -38,7 +39,7 @@ struct FakeVm {
   }
   bool noteThrowing(const std::string& word, Fails what) { return (pending = note(word, what) || pending); }
 };
-FakeVm vm;
+thread_local FakeVm vm;  // of the thread that is inside
 
 constexpr const char* kTexts[] = {"text1", "text2", "text3"};
 
@@ -289,6 +290,27 @@ TEST_F(Player, TakesWhatMayBeMissing) {
     EXPECT_EQ(vm.trace, row.trace) << row.name;
     EXPECT_TRUE(vm.log.empty() && out.areUntouched()) << row.name;
   }
+}
+
+TEST_F(Player, ServesManyThreadsAtOnce) {
+  const auto callAll = [this] {
+    std::vector<std::string> traces;
+    for (const Operation& operation : kOperations) {
+      vm = {};
+      Outs out;
+      operation.call(player_, out);
+      traces.push_back(vm.trace);
+    }
+    return traces;
+  };
+  const std::vector<std::string> alone = callAll();
+  std::vector<std::thread> threads;
+  for (int i = 0; i < 4; ++i) {
+    threads.emplace_back([&] {
+      for (int round = 0; round < 100; ++round) EXPECT_EQ(callAll(), alone);
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
 }
 
 TEST_F(Player, HoldsOneHandler) {

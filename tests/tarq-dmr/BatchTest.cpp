@@ -2,9 +2,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <thread>
 
+#include "HeldResources.h"
 #include "Program.h"
 #include "RawHttpServer.h"
 
@@ -184,24 +186,62 @@ class Pipe {
   int ends_[2];
 };
 
+// The program with its input still open.
+class RunningBatch {
+ public:
+  RunningBatch() {
+    ::fcntl(in_.read(), F_SETFL, O_NONBLOCK);  // as another program that shares the pipe may have set it
+    child_ = startProgram({"check", "--batch", "-", "--jobs", "4"}, in_.read(), out_.write(), STDERR_FILENO);
+    out_.closeWrite();
+  }
+  ~RunningBatch() {
+    in_.closeWrite();
+    ::waitpid(child_, nullptr, 0);
+  }
+  // What comes back for `text`, which ends so many lines.
+  std::string answers(const std::string& text, std::ptrdiff_t lines) {
+    EXPECT_EQ(::write(in_.write(), text.data(), text.size()), static_cast<ssize_t>(text.size()));
+    std::string all;
+    for (char piece[4096]; std::ranges::count(all, '\n') < lines;) {
+      const ssize_t count = ::read(out_.read(), piece, sizeof piece);
+      if (count <= 0) break;
+      all.append(piece, static_cast<size_t>(count));
+    }
+    return all;
+  }
+  std::string id() const { return std::to_string(child_); }
+
+ private:
+  Pipe in_;
+  Pipe out_;
+  pid_t child_ = -1;
+};
+
 TEST(Batch, AnswersBeforeTheInputEnds) {
-  Pipe in;
-  Pipe out;
-  ::fcntl(in.read(), F_SETFL, O_NONBLOCK);  // as another program that shares the pipe may have set it
-  const pid_t child =
-      startProgram({"check", "--batch", "-", "--jobs", "4"}, in.read(), out.write(), STDERR_FILENO);
-  out.closeWrite();
+  RunningBatch program;
   // The beginning of the next line must not hold back the answer.
   for (const std::string name : {"a", "b", "c"}) {
     const std::string question = (name == "a" ? line(name) : line(name).substr(1)) + "\n{";
-    ASSERT_EQ(::write(in.write(), question.data(), question.size()), static_cast<ssize_t>(question.size()));
-    char answer[1024];
-    const ssize_t count = ::read(out.read(), answer, sizeof answer);
-    ASSERT_GT(count, 0);
-    EXPECT_EQ(std::string(answer, static_cast<size_t>(count)), accepted(name) + "\n");
+    EXPECT_EQ(program.answers(question, 1), accepted(name) + "\n");
   }
-  in.closeWrite();
-  ::waitpid(child, nullptr, 0);
+}
+
+TEST(Batch, KeepsNothingOpenBehindItsProbes) {
+  std::atomic<int> asked = 0;
+  const RawHttpServer server([&](RawHttpServer::Connection& client) {
+    const int kind = asked++ % 4;
+    if (kind == 0) client.resetOnClose();
+    if (kind > 1) client.send(kind == 2 ? "HTTP/1.1 503 X\r\n\r\n" : "HTTP/1.1 200 OK\r\n\r\nbody");
+  });
+  RunningBatch program;
+  const auto openAfter = [&](int probes) {
+    std::string lines;
+    for (int i = 0; i < probes; ++i) lines += R"({"uri":")" + server.url() + "\"}\n";
+    EXPECT_EQ(std::ranges::count(program.answers(lines, probes), '\n'), probes);
+    return heldBy(program.id());
+  };
+  const auto atFirst = openAfter(1);
+  EXPECT_EQ(openAfter(1'000), atFirst);
 }
 
 TEST(Batch, WaitsForAReaderThatIsSlow) {

@@ -35,20 +35,20 @@ void bareCall(benchmark::State& state) {
     env.DeleteLocalRef(handlerClass);
   }
 }
-BENCHMARK(bareCall)->Name("JavaCall/BareJni")->UseRealTime();
+BENCHMARK(bareCall)->UseRealTime();
 
 void forwardedCall(benchmark::State& state) {
   TarqDmrPlayerInterface& target = player();
   for (auto _ : state) benchmark::DoNotOptimize(target.Stop(0));
 }
-BENCHMARK(forwardedCall)->Name("JavaCall/Forwarded")->UseRealTime();
+BENCHMARK(forwardedCall)->UseRealTime();
 
 // Attaches and detaches the thread for every call.
 void foreignCall(benchmark::State& state) {
   player();
   std::thread([&state] { forwardedCall(state); }).join();
 }
-BENCHMARK(foreignCall)->Name("JavaCall/ForwardedFromForeignThread")->UseRealTime();
+BENCHMARK(foreignCall)->UseRealTime();
 
 void textCall(benchmark::State& state) {
   TarqDmrPlayerInterface& target = player();
@@ -56,6 +56,6 @@ void textCall(benchmark::State& state) {
   for (auto _ : state)
     benchmark::DoNotOptimize(target.SetDataSource(0, "http://192.168.0.2/1", metadata.c_str(), "audio/mpeg"));
 }
-BENCHMARK(textCall)->Name("JavaCall/ForwardedWithMetadata")->Arg(4096)->UseRealTime();
+BENCHMARK(textCall)->Arg(4096)->UseRealTime();
 
 }  // namespace

@@ -1,30 +1,52 @@
 #!/usr/bin/env bash
-# Prints what a check costs beside a bare walk of the same metadata, in instructions, and the benchmarks' times.
+# Prints what the work of the plug-in costs, each row beside the least that it could cost.
 # Instructions are the difference of two repetition counts under callgrind: they do not depend on the machine's load.
+# Times are medians of seven runs in turn, and do.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/install-packages.sh
 cmake --preset release --log-level=WARNING
-cmake --build --preset release --parallel "$(nproc)"
-work=build/release/bin/tarq-work
+cmake --build --preset release --parallel "$(nproc)" --target tarq-work tarq-bench tarq-batch-bench tarq_dmr_plugin
+bin=build/release/bin
 
 instructions() {  # WHAT KIND COUNT
   local few=20 many=120 low high
-  run() { valgrind --tool=callgrind --callgrind-out-file=/dev/null "$work" "$@" 2>&1 >/dev/null | awk '/Collected/ {print $4}'; }
+  run() { valgrind --tool=callgrind --callgrind-out-file=/dev/null $bin/tarq-work "$@" 2>&1 >/dev/null | awk '/Collected/ {print $4}'; }
   low=$(run "$@" $few)
   high=$(run "$@" $many)
   echo $(((high - low) / (many - few)))
 }
 
+echo "== instructions of a whole check, beside a bare walk of the same text"
 printf '%-6s %5s %12s %12s %6s\n' kind res walk check ratio
 for kind in video music photo; do
   for count in 1 4 16 64 256; do
     walk=$(instructions walk "$kind" "$count")
     check=$(instructions check "$kind" "$count")
-    printf '%-6s %5d %12d %12d %6s\n' "$kind" "$count" "$walk" "$check" \
-      "$(awk -v a="$check" -v b="$walk" 'BEGIN {printf "%.2f", a / b}')"
+    awk -v kind="$kind" -v count="$count" -v walk="$walk" -v check="$check" \
+      'BEGIN {printf "%-6s %5d %12d %12d %6.2f\n", kind, count, walk, check, check / walk}'
   done
 done
-printf '\nsink text, region 2: %d instructions\n\n' "$(instructions sink video 1)"
-build/release/bin/tarq-bench
+printf '\n== the sink text of region 2: %d instructions\n' "$(instructions sink video 1)"
+
+printf '\n== times, beside the same by bare libraries\n'
+$bin/tarq-bench --benchmark_repetitions=7 --benchmark_enable_random_interleaving=true \
+  --benchmark_report_aggregates_only=true --benchmark_format=csv 2>/dev/null |
+  awk -F, 'BEGIN {bare["wholeCheck"] = "walkOnly"; bare["checkWithHead"] = "headOnly"; bare["forwardedCall"] = "bareCall"}
+           {gsub("\"", "", $1)}
+           sub("_median$", "", $1) {
+             time[$1] = $3
+             base = $1
+             sub("/.*", "", base)
+             of = $1
+             sub("^[^/]*", bare[base], of)
+             ratio = base in bare && of in time ? sprintf("%6.2f times %s", $3 / time[of], of) : ""
+             printf "%-32s %10.2f %s %s\n", $1, $3, $5, ratio
+           }'
+
+printf '\n== a batch\n'
+$bin/tarq-batch-bench
+
+strip -o build/release/stripped.so build/release/lib/libtarq_dmr_plugin.so
+printf '\n== the stripped plug-in: %d bytes\n' "$(stat -c %s build/release/stripped.so)"

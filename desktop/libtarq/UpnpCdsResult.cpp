@@ -22,6 +22,10 @@ constexpr unsigned kParseFlags = pugi::parse_cdata | pugi::parse_escapes | pugi:
                                  pugi::parse_eol | pugi::parse_ws_pcdata | pugi::parse_embed_pcdata |
                                  pugi::parse_doctype | pugi::parse_fragment;
 
+// Without line breaks and tabs in the text there is nothing to normalise, and leaving these out spares 1.3 %
+// of a check's instructions.
+constexpr unsigned kLineBreakFlags = pugi::parse_wconv_attribute | pugi::parse_eol;
+
 bool isText(pugi::xml_node node) {
   return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata;
 }
@@ -190,7 +194,10 @@ struct UpnpCdsResult::Document {
 bool UpnpCdsResult::Document::parse(const char* didl, size_t length) {
   text.reset(new char[length]);
   std::memcpy(text.get(), didl, length);
-  if (!xml.load_buffer_inplace(text.get(), length, kParseFlags, pugi::encoding_utf8)) return false;
+  const auto holds = [&](char c) { return std::memchr(text.get(), c, length) != nullptr; };
+  const bool oneLine = !holds('\n') && !holds('\r') && !holds('\t');
+  const unsigned flags = oneLine ? kParseFlags & ~kLineBreakFlags : kParseFlags;
+  if (!xml.load_buffer_inplace(text.get(), length, flags, pugi::encoding_utf8)) return false;
 
   const pugi::xml_node root = rootOf(xml);
   const std::string_view name = root.name();

@@ -22,7 +22,7 @@ const char* attributeValue(const TARQ_Attributes* attributes, const char* name) 
 // The third protocolInfo field, or what link-protected content wraps into it. False when that does not parse.
 bool readMimeType(const char* contentFormat, VondString& mimeType) {
   if (contentFormat == nullptr) return true;
-  if (std::strstr(contentFormat, "CONTENTFORMAT") == nullptr) {
+  if (!TarqDlnaResSelection::wrapsMimeType(contentFormat)) {
     mimeType = contentFormat;
     return true;
   }
@@ -33,6 +33,10 @@ bool readMimeType(const char* contentFormat, VondString& mimeType) {
 }
 
 }  // namespace
+
+bool TarqDlnaResSelection::wrapsMimeType(const char* contentFormat) {
+  return contentFormat != nullptr && std::strstr(contentFormat, "CONTENTFORMAT") != nullptr;
+}
 
 int TarqDlnaResSelection::getFileExtension(const char* url, VondString& extension) {
   const char* segment = std::strrchr(url, '/');

@@ -50,6 +50,8 @@ class TarqDlnaResSelection {
   // The category of one `res` element; any argument may be null. `*stage` becomes what told it.
   int selectMediaCategory(const char* mimeType, const char* extension, const char* dlnaPn,
                           CategoryStage* stage = nullptr) const;
+  // Whether a third protocolInfo field, which may be null, wraps the MIME type of link-protected content.
+  static bool wrapsMimeType(const char* contentFormat);
   // The extension of the URL's last path segment, from its first "." on and without a query. -1, leaving
   // `extension` alone, when `url` has no "/"; else 0.
   static int getFileExtension(const char* url, VondString& extension);

@@ -29,10 +29,6 @@ QuickFacts askQuickTests(const UriFacts& uri, const char* metadata) {
   return facts;
 }
 
-bool isWrapped(const char* contentFormat) {
-  return contentFormat != nullptr && std::strstr(contentFormat, "CONTENTFORMAT") != nullptr;
-}
-
 // Asks the host's parsers in the order of the selection.
 const char* whySkipped(const char* protocolInfo, const char* url) {
   if (protocolInfo == nullptr) return "it has no protocolInfo";
@@ -41,7 +37,7 @@ const char* whySkipped(const char* protocolInfo, const char* url) {
   const VondProtocolInfo fields(protocolInfo);
   if (!fields.IsValid()) return "its protocolInfo does not parse";
   const char* contentFormat = fields.GetField(3);
-  if (isWrapped(contentFormat) && !VondPI4thField(contentFormat).IsValid())
+  if (TarqDlnaResSelection::wrapsMimeType(contentFormat) && !VondPI4thField(contentFormat).IsValid())
     return "its third protocolInfo field, with a CONTENTFORMAT, does not parse";
   const char* fourthField = fields.GetField(4);
   if (fourthField != nullptr && !VondPI4thField(fourthField).IsValid())
@@ -57,7 +53,7 @@ ResFacts readRes(const TARQ_Object* object, unsigned int index, const TarqDlnaRe
   facts.skipped = whySkipped(facts.protocolInfo, facts.url);
   if (facts.skipped != nullptr) return facts;
   const VondProtocolInfo fields(facts.protocolInfo);
-  if (isWrapped(fields.GetField(3))) facts.wrapped = fields.GetField(3);
+  if (TarqDlnaResSelection::wrapsMimeType(fields.GetField(3))) facts.wrapped = fields.GetField(3);
   if (record.fourthField.c_str() == nullptr) {
     facts.notes.emplace_back(
         "no fourth protocolInfo field: neither its kind nor its resolution is read, and it counts as "

@@ -1,10 +1,20 @@
 #include "VondHspAnswer.h"
 
+#include <algorithm>
+
 #include "AsciiText.h"
 
 namespace {
 
 constexpr size_t kMaxHeaderBytes = size_t{300} * 1024;
+
+// The status of a status line: a version, the status, a reason. 0: it has none of three digits.
+int statusOf(std::string_view line) {
+  const std::string_view rest = trim(line.substr(std::min(line.find(' '), line.size())));
+  const std::string_view digits = rest.substr(0, rest.find(' '));
+  if (digits.size() != 3 || !std::all_of(digits.begin(), digits.end(), isDigit)) return 0;
+  return 100 * (digits[0] - '0') + 10 * (digits[1] - '0') + (digits[2] - '0');
+}
 
 }  // namespace
 
@@ -12,9 +22,8 @@ bool VondHspAnswer::AddLine(std::string_view line) noexcept {
   bytes_ += line.size();
   if (bytes_ > kMaxHeaderBytes) return false;
   const std::string_view text = trim(line);
-  if (line.starts_with("HTTP/")) {
-    begin();
-  } else if (text.empty() && line.find_first_of(" \t") == line.npos) {
+  if (status_ == 0 || complete_) return begin(text);
+  if (text.empty() && line.find_first_of(" \t") == line.npos) {
     complete_ = true;
   } else if (line.front() == ' ' || line.front() == '\t') {
     addFolded(text);
@@ -24,11 +33,13 @@ bool VondHspAnswer::AddLine(std::string_view line) noexcept {
   return true;
 }
 
-void VondHspAnswer::begin() noexcept {
+bool VondHspAnswer::begin(std::string_view line) noexcept {
+  status_ = statusOf(line);
   complete_ = false;
   contentType_ = nullptr;
   contentFeatures_ = nullptr;
   unfinished_ = nullptr;
+  return status_ >= 100;
 }
 
 void VondHspAnswer::addHeader(std::string_view line) noexcept {

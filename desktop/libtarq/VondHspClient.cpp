@@ -170,9 +170,7 @@ int VondHspClient::Head(const char* url, const VondHspDlnaRequest& request,
   if (!transfer_->prepare(url, request)) return kVondHspRefused;
   if (const int error = transfer_->run(); error != 0) return error;
 
-  long status = 0;
-  curl_easy_getinfo(transfer_->easy, CURLINFO_RESPONSE_CODE, &status);
-  response->statusCode_ = static_cast<int>(status);
+  response->statusCode_ = transfer_->answer.status();
   response->contentType_ = transfer_->answer.contentType();
   response->contentFeatures_ = transfer_->answer.contentFeatures();
   return 0;

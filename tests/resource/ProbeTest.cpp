@@ -193,6 +193,7 @@ TEST_F(OddServers, EndInAResultWithinTheTimeLimit) {
       {"EmptyType", sending(ok + "Content-Type:\r\n\r\n"), "0 200 |- => 55106"},
       {"FoldedType", sending(ok + "content-TYPE:\r\n audio/mpeg\r\n\r\n"), kMp3},
       {"NoReason", sending("HTTP/1.1 200\r\nContent-Type: audio/mpeg\r\n\r\n"), kMp3},
+      {"StatusLineAsHeader", sending("HTTP/1.1 200\r\nHTTP/1.1: x\r\nContent-Type: audio/mpeg\r\n\r\n"), kMp3},
       {"LineFeedsAlone", sending("HTTP/1.1 200 OK\nContent-Type: audio/mpeg\n\n"), kMp3},
       {"EmptyLength", sending(mp3 + "Content-Length: \r\n\r\n"), kMp3},
       {"NegativeLength", sending(mp3 + "Content-Length: -1\r\n\r\n"), kMp3},
@@ -217,6 +218,9 @@ TEST_F(OddServers, EndInAResultWithinTheTimeLimit) {
 
       {"IcyStatus", sending("ICY 200 OK\r\nContent-Type: audio/mpeg\r\n\r\n"), kInvalid},
       {"NoStatusLine", sending("hello, this is no HTTP answer at all\r\n"), kInvalid},
+      {"NoStatus", sending("HTTP/nothing\r\n\r\n"), kInvalid},
+      {"StatusOfTwoDigits", sending("HTTP/2 20\r\n\r\n"), kInvalid},
+      {"StatusOfFourDigits", sending("HTTP/2 2000\r\n\r\n"), kInvalid},
       {"ZeroByte", sending(ok + std::string("Content-Type: audio/\0mpeg\r\n\r\n", 28)), kInvalid},
       {"EndlessHeaders", serving(endless(ok, "X: " + std::string(1000, 'x') + "\r\n", 0ms)), kInvalid},
       {"EndlessHeaderLine", sending(ok + "X: " + std::string(400'000, 'y')), kInvalid},

@@ -8,6 +8,7 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 
 option(TARQ_BENCH "Build the benchmarks" OFF)
+option(TARQ_FUZZ "Build the fuzzers, with Clang and fuzzer-no-link among the sanitizers" OFF)
 set(TARQ_SANITIZE "" CACHE STRING "What -fsanitize takes, e.g. address,undefined")
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Checks format and lint, then builds and tests. `scripts/test.sh PRESET...` does so for these presets only;
-# without any: release, asan and tsan. `scripts/test.sh --no-lint PRESET...` leaves the first step out.
+# without any: release, asan, tsan and fuzz. `scripts/test.sh --no-lint PRESET...` leaves the first step out.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -10,7 +10,7 @@ if [ "${1:-}" = --no-lint ]; then
   shift
 fi
 presets=("$@")
-[ ${#presets[@]} -gt 0 ] || presets=(release asan tsan)
+[ ${#presets[@]} -gt 0 ] || presets=(release asan tsan fuzz)
 
 scripts/install-packages.sh
 jobs=$(nproc)

@@ -1,0 +1,75 @@
+// The HTTP client against a server that sends whatever it likes and closes the connection.
+// Input: a line with a size, then the bytes; they are sent at once, and again in pieces of that size.
+#include <netinet/tcp.h>
+
+#include <chrono>
+#include <string>
+#include <thread>
+
+#include "FuzzInput.h"
+#include "RawHttpServer.h"
+#include "VondHspClient.h"
+
+namespace {
+
+// Long enough for a machine that is busy, and too short for the client to wait out its own time limit.
+constexpr std::chrono::seconds kLimit(10);
+
+void answerOne(int listener, std::string_view bytes, size_t pieceSize) {
+  const int fd = accept4(listener, nullptr, nullptr, SOCK_CLOEXEC);
+  const int atOnce = 1;
+  setsockopt(fd, IPPROTO_TCP, TCP_NODELAY, &atOnce, sizeof atOnce);
+  RawHttpServer::Connection client(fd);
+  client.readRequest();
+  while (!bytes.empty() && client.send(bytes.substr(0, pieceSize)))
+    bytes.remove_prefix(std::min(pieceSize, bytes.size()));
+  close(fd);
+}
+
+bool hasNul(std::string_view bytes) { return bytes.find('\0') != bytes.npos; }
+
+void checkValue(const char* value) {
+  const std::string_view text = value != nullptr ? value : "";
+  require(text.find('\n') == text.npos, "a header value is one line");
+  require(text.empty() || (text.find_first_of(" \t\r") != 0 && text.find_last_of(" \t\r") != text.size() - 1),
+          "a header value has no white space around it");
+}
+
+std::string outcomeOf(const LoopbackListener& listener, std::string_view bytes, size_t pieceSize) {
+  const auto start = std::chrono::steady_clock::now();
+  std::thread server([&] { answerOne(listener.fd(), bytes, pieceSize); });
+  VondHspClient client(true);
+  VondHspDlnaResponse response;
+  const int code = client.Head(listener.url("/media").c_str(), VondHspDlnaRequest(), &response);
+  client.Close();
+  server.join();
+  require(std::chrono::steady_clock::now() - start < kLimit, "a request ends when the server does");
+
+  const int status = response.GetStatusCode();
+  const char* type = response.GetContentType();
+  const char* features = response.GetContentFeatures();
+  require(code == 0 || (code >= kVondHspConnectFailed && code <= kVondHspCancelled),
+          "a request ends in a known code");
+  require(code == 0 || (status == 0 && type == nullptr && features == nullptr), "a failure gives no answer");
+  require(code != 0 || bytes.find(std::to_string(status)) != bytes.npos,
+          "the status is one that the server named");
+  // libcurl takes a line that begins with a NUL for the end of what it has read.
+  const bool complete = bytes.find("\n\n") != bytes.npos || bytes.find("\n\r") != bytes.npos;
+  require(code != 0 || complete || hasNul(bytes), "an answer is complete with a blank line");
+  checkValue(type);
+  checkValue(features);
+  const auto shown = [](const char* text) { return text != nullptr ? '[' + std::string(text) + ']' : "-"; };
+  return std::to_string(code) + ' ' + std::to_string(status) + shown(type) + shown(features);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  static const LoopbackListener listener;
+  FuzzInput input(data, size);
+  const auto pieceSize = static_cast<size_t>(input.number() & 0x7F) + 1;
+  const std::string outcome = outcomeOf(listener, input.rest(), size + 1);
+  const bool same = outcomeOf(listener, input.rest(), pieceSize) == outcome;
+  require(same || hasNul(input.rest()), "how an answer is cut does not matter");
+  return 0;
+}

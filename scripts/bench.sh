@@ -31,19 +31,23 @@ done
 printf '\n== the sink text of region 2: %d instructions\n' "$(instructions sink video 1)"
 
 printf '\n== times, beside the same by bare libraries\n'
-$bin/tarq-bench --benchmark_repetitions=7 --benchmark_enable_random_interleaving=true \
+$bin/tarq-bench --benchmark_repetitions=7 --benchmark_enable_random_interleaving=true --benchmark_min_time=0.1 \
   --benchmark_report_aggregates_only=true --benchmark_format=csv 2>/dev/null |
-  awk -F, 'BEGIN {bare["wholeCheck"] = "walkOnly"; bare["checkWithHead"] = "headOnly"; bare["forwardedCall"] = "bareCall"}
-           {gsub("\"", "", $1)}
-           sub("_median$", "", $1) {
-             time[$1] = $3
-             base = $1
-             sub("/.*", "", base)
-             of = $1
-             sub("^[^/]*", bare[base], of)
-             ratio = base in bare && of in time ? sprintf("%6.2f times %s", $3 / time[of], of) : ""
-             printf "%-32s %10.2f %s %s\n", $1, $3, $5, ratio
-           }'
+  awk -F, 'gsub("\"", "", $1) && sub("(/real_time)?_median$", "", $1) {print $1, $3, $5}' | sort -V |
+  awk '{name[NR] = $1; time[$1] = $2; unit[$1] = $3}
+       END {
+         bare["wholeCheck"] = "walkOnly"; bare["checkWithHead"] = "headOnly"; bare["forwardedCall"] = "bareCall"
+         for (i = 1; i <= NR; ++i) {
+           what = base = of = name[i]
+           sub("/.*", "", base)
+           ratio = ""
+           if (base in bare) {
+             sub(base, bare[base], of)
+             ratio = sprintf("%6.2f times %s", time[what] / time[of], of)
+           }
+           printf "%-24s %12.2f %s%s\n", what, time[what], unit[what], ratio
+         }
+       }'
 
 printf '\n== a batch\n'
 $bin/tarq-batch-bench

@@ -1,4 +1,5 @@
 #include <new>
+#include <string>
 #include <vector>
 
 #include "BatchInput.h"
@@ -34,6 +35,7 @@ class BatchRun {
   enum class State { kUnread, kRead, kAnswered };
   struct Item {
     InputLine line;
+    std::string text;  // the copy that the request points into
     State state = State::kUnread;
     BatchRequest request;
     JsonText answer;
@@ -42,6 +44,7 @@ class BatchRun {
   bool collect();
   void answerCollected();
   void answer(Item& item) noexcept;
+  void read(Item& item);
   void check(Item& item);
   void deliver(size_t last);
 
@@ -82,23 +85,33 @@ void BatchRun::answerCollected() {
   }
 }
 
-// A line is read where it is checked: its bytes are in that processor's cache then.
 void BatchRun::answer(Item& item) noexcept {
-  if (item.state == State::kUnread) {
-    item.request = parseBatchLine(item.line, defaultRegion_);
-    item.state = State::kRead;
-  }
-  const char* problem = item.request.problem;
-  if (item.state == State::kAnswered || (problem == nullptr && item.request.region != region_)) return;
-  item.answer.clear();
-  item.state = State::kAnswered;
   try {
-    if (problem == nullptr) return check(item);
-  } catch (const std::bad_alloc&) {
+    if (item.state == State::kUnread) read(item);
+    const char* problem = item.request.problem;
+    if (item.state == State::kAnswered || (problem == nullptr && item.request.region != region_)) return;
+    item.state = State::kAnswered;
     item.answer.clear();
-    problem = "not enough memory for the check";
+    if (problem == nullptr) return check(item);
+    writeRefused(item.answer, kInvalidLine, problem);
+  } catch (const std::bad_alloc&) {
+    item.state = State::kAnswered;
+    item.answer.clear();
+    writeRefused(item.answer, kInvalidLine, "not enough memory for the check");
   }
-  writeRefused(item.answer, kInvalidLine, problem);
+}
+
+// A line is read where it is checked: its bytes are in that processor's cache then. From a copy, since the
+// JSON reader writes into a line, and loads a few bytes of the next one, which may be another thread's.
+void BatchRun::read(Item& item) {
+  InputLine line = item.line;
+  if (line.text != nullptr) {
+    item.text.assign(line.text, line.length);
+    item.text.append(kJsonSlackBytes, '\0');
+    line.text = item.text.data();
+  }
+  item.request = parseBatchLine(line, defaultRegion_);
+  item.state = State::kRead;
 }
 
 void BatchRun::check(Item& item) {
@@ -113,8 +126,12 @@ void BatchRun::check(Item& item) {
 
 // Writes what is answered up to item `last`, in order.
 void BatchRun::deliver(size_t last) {
-  for (; delivered_ <= last && items_[delivered_].state == State::kAnswered; ++delivered_)
-    output_.addLine(items_[delivered_].answer.text());
+  constexpr size_t kKeptBytes = 16384;  // one long line must not hold its memory for ever
+  for (; delivered_ <= last && items_[delivered_].state == State::kAnswered; ++delivered_) {
+    Item& item = items_[delivered_];
+    output_.addLine(item.answer.text());
+    if (item.text.capacity() > kKeptBytes) std::string().swap(item.text);
+  }
 }
 
 // The first selection of the process fills tables that all others read, so it ends before any other starts.

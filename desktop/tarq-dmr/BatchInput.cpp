@@ -6,8 +6,7 @@
 namespace {
 
 constexpr size_t kReadBytes = size_t{256} << 10;
-// A NUL after the last line, and a whole vector register that the JSON reader may load from there.
-constexpr size_t kSlackBytes = 32;
+constexpr size_t kSlackBytes = 1 + kJsonSlackBytes;  // a NUL after the last line
 constexpr size_t kMaxBufferBytes = BatchInput::kMaxLineBytes + kReadBytes + kSlackBytes;
 
 }  // namespace

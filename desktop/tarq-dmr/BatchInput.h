@@ -7,6 +7,9 @@
 
 #include "InputFile.h"
 
+// The JSON reader loads whole vector registers: so many bytes behind the NUL of a line must be readable.
+inline constexpr size_t kJsonSlackBytes = 32;
+
 // One line of the input, without its end. The bytes may be changed; a NUL follows them.
 struct InputLine {
   char* text;  // null: the line was longer than a line may be, and was skipped

@@ -18,8 +18,8 @@ bool called(const char* function) {
 int status(const char* function) { return called(function) ? 0 : -1; }
 
 template <class T>
-T* object(const char* getter, char* place) {
-  return called(getter) ? reinterpret_cast<T*>(place) : nullptr;
+T* object(const char* getter, int number) {
+  return called(getter) ? reinterpret_cast<T*>(&objects[number]) : nullptr;
 }
 
 }  // namespace
@@ -34,12 +34,10 @@ int Initialize(const char*) { return status("Initialize"); }
 int Finalize() { return status("Finalize"); }
 int Start() { return status("Start"); }
 int Stop() { return status("Stop"); }
-TarqDmrSpecInterface* GetSpec() { return object<TarqDmrSpecInterface>("GetSpec", &objects[0]); }
-TarqDmrCpParamsInterface* GetCpParams() {
-  return object<TarqDmrCpParamsInterface>("GetCpParams", &objects[1]);
-}
+TarqDmrSpecInterface* GetSpec() { return object<TarqDmrSpecInterface>("GetSpec", 0); }
+TarqDmrCpParamsInterface* GetCpParams() { return object<TarqDmrCpParamsInterface>("GetCpParams", 1); }
 _TarqNetworkAccessControlInterface* GetDeviceNac() {
-  return object<_TarqNetworkAccessControlInterface>("GetDeviceNac", &objects[2]);
+  return object<_TarqNetworkAccessControlInterface>("GetDeviceNac", 2);
 }
-TarqDmrParamsInterface* GetParams() { return object<TarqDmrParamsInterface>("GetParams", &objects[3]); }
-TarqDmrPlayerInterface* GetPlayer() { return object<TarqDmrPlayerInterface>("GetPlayer", &objects[4]); }
+TarqDmrParamsInterface* GetParams() { return object<TarqDmrParamsInterface>("GetParams", 3); }
+TarqDmrPlayerInterface* GetPlayer() { return object<TarqDmrPlayerInterface>("GetPlayer", 4); }

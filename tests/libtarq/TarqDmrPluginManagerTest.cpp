@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <cstdlib>
+#include <utility>
 
 #include "TarqDmrPluginManager.h"
 
@@ -14,28 +15,20 @@ const char* callsOf(void* library) {
   return reinterpret_cast<const char* (*)()>(dlsym(library, "FakePluginCalls"))();
 }
 
-struct FailureCase {
-  const char* failing;  // function of the fake plug-in; null: none
-  const char* path;
-  testing::Matcher<const char*> error;
-};
-
-// One process holds one plug-in, so this is one story: none, a bad one, the application's own, one loaded
-// here.
+// One process holds one plug-in, so this is one story.
 TEST(TarqDmrPluginManager, TellsWhatIsWrongThenAdoptsThenLoads) {
   TarqDmrPluginManager* manager = TarqDmrPluginManager::GetInstance();
   EXPECT_EQ(manager->GetParams(), nullptr);
   EXPECT_EQ(manager->GetPluginInfo(), nullptr);
 
-  const FailureCase missing[] = {
-      {nullptr, nullptr, HasSubstr("no plug-in")},
-      {nullptr, "/nowhere/x.so", AllOf(HasSubstr("/nowhere/x.so"), HasSubstr("No such file"))},
-      {nullptr, NO_PLUGIN,
-       AllOf(HasSubstr(NO_PLUGIN), HasSubstr("GetPluginInfo Initialize"), HasSubstr("GetParams"))},
+  const std::pair<const char*, testing::Matcher<const char*>> missing[] = {
+      {nullptr, HasSubstr("no plug-in")},
+      {"/nowhere/x.so", AllOf(HasSubstr("/nowhere/x.so"), HasSubstr("No such file"))},
+      {NO_PLUGIN, AllOf(HasSubstr(NO_PLUGIN), HasSubstr("GetPluginInfo Initialize"), HasSubstr("GetParams"))},
   };
-  for (const FailureCase& c : missing) {
-    EXPECT_EQ(manager->Load(c.path, "/res"), -1);
-    EXPECT_THAT(manager->GetLoadError(), c.error);
+  for (const auto& [path, error] : missing) {
+    EXPECT_EQ(manager->Load(path, "/res"), -1);
+    EXPECT_THAT(manager->GetLoadError(), error);
     EXPECT_EQ(manager->GetSpec(), nullptr);
   }
 

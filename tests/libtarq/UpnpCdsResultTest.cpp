@@ -98,6 +98,7 @@ TEST(UpnpCdsResult, SurvivesDeepNesting) {
       didl("<res>" + repeated("<a>", kDepth) + repeated("</a>", kDepth) + "u</res>").c_str());
   ASSERT_EQ(result.GetStatus(), 0);
   EXPECT_STREQ(result.GetObject(0)->GetPropertyText("res", 0), "u");
+  EXPECT_EQ(objectsIn(repeated("<a>", kDepth).c_str()), "not parsed");
 }
 
 TEST(UpnpCdsResult, ReadsManyPropertiesInLinearTime) {

@@ -7,7 +7,6 @@
 #include <atomic>
 #include <cmath>
 #include <future>
-#include <iostream>
 #include <list>
 #include <map>
 #include <random>
@@ -22,7 +21,6 @@
 
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
-using Milliseconds = std::chrono::duration<double, std::milli>;
 using Connection = RawHttpServer::Connection;
 
 namespace {
@@ -140,8 +138,6 @@ class OddServers : public testing::Test {
     EXPECT_EQ(outcome, row.outcome) << row.name;
     EXPECT_GE(taken, row.limit - 100ms) << row.name;
     EXPECT_LE(taken, row.limit + 4s) << row.name;
-    std::cout << std::string(row.name) + ": " + outcome + ", " + std::to_string(Milliseconds(taken).count()) +
-                     " ms\n";
   }
 
   std::list<RawHttpServer> servers_;
@@ -182,12 +178,10 @@ TEST_F(OddServers, EndInAResultWithinTheTimeLimit) {
        "0 301 -|- => 55108"},
       {"Unauthorized", sending("HTTP/1.1 401 X\r\nWWW-Authenticate: Basic\r\n\r\n"), "0 401 -|- => 55108"},
       {"Forbidden", sending("HTTP/1.1 403 X\r\nContent-Length: 9\r\n\r\nForbidden"), "0 403 -|- => 55200"},
-      {"Missing", sending("HTTP/1.1 404 X\r\n\r\n"), "0 404 -|- => 55108"},
       {"NotAllowed", sending("HTTP/1.1 405 X\r\nAllow: GET\r\n\r\n"), "0 405 -|- => 55108"},
       {"NotAcceptable", sending("HTTP/1.1 406 X\r\n\r\n"), "0 406 -|- => 55108"},
       {"Failed", sending("HTTP/1.1 500 X\r\n\r\n"), "0 500 -|- => 55108"},
       {"NotImplemented", sending("HTTP/1.1 501 X\r\n\r\n"), "0 501 -|- => 55108"},
-      {"Busy", sending("HTTP/1.0 503 X\r\n\r\n"), "0 503 -|- => 55107"},
 
       {"NoType", sending(ok + "\r\n"), kNoType},
       {"EmptyType", sending(ok + "Content-Type:\r\n\r\n"), "0 200 |- => 55106"},
@@ -249,8 +243,7 @@ TEST_F(OddServers, EndInAResultWithinTheTimeLimit) {
 
 struct CancelledProbe {
   int result;
-  Milliseconds cancel;  // how long `Cancel` took
-  Milliseconds end;     // and how long after its beginning the check ended; 0: it had ended before
+  Clock::duration slowest;  // of `Cancel` and of the end of the check after its beginning
 };
 
 CancelledProbe cancelProbe(const Item& item, std::chrono::microseconds delay) {
@@ -269,14 +262,8 @@ CancelledProbe cancelProbe(const Item& item, std::chrono::microseconds delay) {
   const Clock::time_point begin = Clock::now();
   checker->Cancel();
   const Clock::time_point cancelled = Clock::now();
-  return {result.get(), cancelled - begin, std::max(ended - begin, Clock::duration::zero())};
-}
-
-void expectWithinLimit(const char* what, std::vector<Milliseconds> times) {
-  std::ranges::sort(times);
-  EXPECT_LT(times.back(), 50ms) << what;
-  std::cout << what << ": median " << times[times.size() / 2].count() << " ms, worst " << times.back().count()
-            << " ms, " << times.size() << " tries\n";
+  const int code = result.get();
+  return {code, std::max(cancelled, ended) - begin};
 }
 
 TEST(Cancel, EndsAProbeAtAnyMomentAndLeavesNothing) {
@@ -292,8 +279,7 @@ TEST(Cancel, EndsAProbeAtAnyMomentAndLeavesNothing) {
     const Item items[] = {Item(silent.url()), Item(slow.url()), Item(deaf.url("/")),
                           Item("http://stuck.invalid/")};
     std::map<int, int> results;
-    std::vector<Milliseconds> cancels;
-    std::vector<Milliseconds> ends;
+    Clock::duration slowest{};
     std::mt19937 random(20'000);
     std::uniform_real_distribution<double> exponent(1, 4.5);  // 10 us to 32 ms
     for (int i = 0; i < kTries; ++i) {
@@ -301,15 +287,11 @@ TEST(Cancel, EndsAProbeAtAnyMomentAndLeavesNothing) {
       const auto delay = std::chrono::microseconds(std::lround(std::pow(10, exponent(random))));
       const CancelledProbe probe = cancelProbe(item, delay);
       ++results[probe.result];
-      cancels.push_back(probe.cancel);
-      ends.push_back(probe.end);
+      slowest = std::max(slowest, probe.slowest);
     }
-    std::cout << results[5] << " cancelled before the request, " << results[55203] << " within, "
-              << results[55106] << " answered before\n";
     EXPECT_EQ(results[5] + results[55203] + results[55106], kTries);
     EXPECT_GT(results[55203], kTries / 2);
-    expectWithinLimit("Cancel", cancels);
-    expectWithinLimit("CheckResource after it", ends);
+    EXPECT_LT(slowest, 50ms) << slowest.count() << " ns";
     EXPECT_TRUE(silent.allClosedWithin(2s) && slow.allClosedWithin(2s));
   }
   for (int i = 0; i < 100 && heldBy("self") != before; ++i) std::this_thread::sleep_for(50ms);

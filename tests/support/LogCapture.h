@@ -12,11 +12,11 @@
 class LogCapture {
  public:
   LogCapture() {
-    lines().clear();
+    lines_.clear();
     __android_log_set_minimum_priority(ANDROID_LOG_VERBOSE);
     __android_log_set_logger([](const __android_logger_data* data, const char* message) {
-      const std::lock_guard lock(mutex());
-      lines().push_back(std::to_string(data->priority) + " " + data->tag + ": " + message);
+      const std::lock_guard lock(mutex_);
+      lines_.push_back(std::to_string(data->priority) + " " + data->tag + ": " + message);
     });
   }
   ~LogCapture() { __android_log_set_logger(__android_log_stderr_logger); }
@@ -25,19 +25,13 @@ class LogCapture {
 
   // The lines since the last call.
   std::vector<std::string> take() {
-    const std::lock_guard lock(mutex());
-    return std::exchange(lines(), {});
+    const std::lock_guard lock(mutex_);
+    return std::exchange(lines_, {});
   }
 
  private:
-  static std::mutex& mutex() {
-    static std::mutex instance;
-    return instance;
-  }
-  static std::vector<std::string>& lines() {
-    static std::vector<std::string> instance;
-    return instance;
-  }
+  static inline std::mutex mutex_;
+  static inline std::vector<std::string> lines_;
 };
 
 #endif  // LOG_CAPTURE_H_

@@ -52,7 +52,11 @@ class RawHttpServer {
  public:
   class Connection {
    public:
-    explicit Connection(int fd) : fd_(fd) {}
+    explicit Connection(int fd) : fd_(fd) {
+      for (char byte; !request_.ends_with("\r\n\r\n") && recv(fd_, &byte, 1, 0) == 1;) request_ += byte;
+    }
+    const std::string& request() const { return request_; }
+    std::string path() const { return request_.substr(5, request_.find(" HTTP") - 5); }  // of a HEAD
     // False: the client is gone.
     bool send(std::string_view text) {
       while (!text.empty()) {
@@ -80,15 +84,10 @@ class RawHttpServer {
       const linger none{1, 0};
       setsockopt(fd_, SOL_SOCKET, SO_LINGER, &none, sizeof none);
     }
-    std::string readRequest() {
-      std::string request;
-      char byte;
-      while (!request.ends_with("\r\n\r\n") && recv(fd_, &byte, 1, 0) == 1) request += byte;
-      return request;
-    }
 
    private:
     int fd_;
+    std::string request_;
   };
   using Answer = std::function<void(Connection&)>;
 
@@ -115,10 +114,6 @@ class RawHttpServer {
     std::unique_lock lock(mutex_);
     return changed_.wait_for(lock, limit, [this] { return open_.empty(); });
   }
-  void waitForRequest() {
-    std::unique_lock lock(mutex_);
-    changed_.wait(lock, [this] { return !requests_.empty(); });
-  }
 
  private:
   void acceptAll() {
@@ -131,12 +126,10 @@ class RawHttpServer {
 
   void serve(int fd) {
     Connection client(fd);
-    std::string request = client.readRequest();
     {
       const std::lock_guard lock(mutex_);
-      requests_.push_back(std::move(request));
+      requests_.push_back(client.request());
     }
-    changed_.notify_all();
     answer_(client);
     const std::lock_guard lock(mutex_);
     open_.remove(fd);

@@ -7,7 +7,6 @@
 #include <cstring>
 #include <memory>
 #include <set>
-#include <sstream>
 #include <string>
 
 #include "LoadedPlugin.h"
@@ -42,13 +41,7 @@ TEST(Library, ExportsItsFunctionsAndNothingElse) {
   const std::unique_ptr<FILE, int (*)(FILE*)> nm(popen("nm -D --defined-only " TARQ_PLUGIN_PATH, "r"),
                                                  pclose);
   std::set<std::string> names;
-  char line[512];
-  while (fgets(line, sizeof line, nm.get()) != nullptr) {
-    std::istringstream fields(line);
-    std::string address, kind, name;
-    fields >> address >> kind >> name;
-    names.insert(name);
-  }
+  for (char name[512]; fscanf(nm.get(), "%*s %*s %511s", name) == 1;) names.insert(name);
   EXPECT_THAT(names, ElementsAre("Finalize", "GetCpParams", "GetDeviceNac", "GetParams", "GetPlayer",
                                  "GetPluginInfo", "GetSpec", "Initialize", "Start", "Stop"));
 }
@@ -82,43 +75,29 @@ TEST(Lifecycle, ReportsNullArgumentsAndNothingElse) {
               ElementsAre("6 TarqPlugin(DMR): Invalid: arg", "6 TarqPlugin(DMR): Invalid arg: pResourceDir"));
 }
 
-TEST(Spec, AnswersSlotBySlot) {
+// What the slots from `first` on answer, each a text ("t") or a number ("n").
+std::string answers(void* object, int first, const char* kinds) {
+  std::string all;
+  for (int slot = first; *kinds != '\0'; ++slot, ++kinds)
+    all +=
+        (*kinds == 't' ? callSlot<const char*>(object, slot) : std::to_string(callSlot<int>(object, slot))) +
+        "|";
+  return all;
+}
+
+TEST(Settings, AnswerSlotBySlot) {
   void* spec = object("GetSpec");
-  const char* texts[] = {"Android",
-                         "1.6",
-                         "Tarq Sample DMR",
-                         "0.1",
-                         "Orsa Corporation",
-                         "/",
-                         "/MediaRenderer.xml",
-                         "5.0",
-                         "",
-                         "Orsa Corporation",
-                         "Tarq Sample DMR",
-                         "0.1",
-                         "",
-                         ""};
-  int slot = 2;
-  for (const char* text : texts) EXPECT_STREQ(callSlot<const char*>(spec, slot++), text) << slot;
-  EXPECT_EQ(callSlot<int>(spec, 16), 52323);
-  EXPECT_STREQ(callSlot<const char*>(spec, 17), "Android DLNA Media Renderer(w/Plugin)");
+  EXPECT_EQ(answers(spec, 2, "ttttttttttttttnt"),
+            "Android|1.6|Tarq Sample DMR|0.1|Orsa Corporation|/|/MediaRenderer.xml|5.0||Orsa Corporation|"
+            "Tarq Sample DMR|0.1|||52323|Android DLNA Media Renderer(w/Plugin)|");
   char udn[64];
   std::snprintf(udn, sizeof udn, callSlot<const char*>(spec, 18), "01234");
   EXPECT_STREQ(udn, "uuid:23456789-0000-1010-8000-01234       ");
   EXPECT_STREQ(callSlot<const char*>(spec, 19), "eth0");
   EXPECT_TRUE(callSlot<bool>(spec, 20));
-  EXPECT_EQ(callSlot<int>(spec, 21), 20);
-  EXPECT_EQ(callSlot<int>(spec, 22), 64);
-  EXPECT_EQ(callSlot<int>(spec, 23), 64);
-}
-
-TEST(CpParams, AnswersSlotBySlot) {
-  void* params = object("GetCpParams");
-  const char* texts[] = {"5.0", "", "Orsa Corporation", "Tarq Sample DMR-CP", "0.1", "", ""};
-  const int numbers[] = {64, 64, 64, 32, 2, 3, 3, 0, 32, 64, 8, 22222};
-  int slot = 2;
-  for (const char* text : texts) EXPECT_STREQ(callSlot<const char*>(params, slot++), text) << slot;
-  for (const int number : numbers) EXPECT_EQ(callSlot<int>(params, slot++), number) << slot;
+  EXPECT_EQ(answers(spec, 21, "nnn"), "20|64|64|");
+  EXPECT_EQ(answers(object("GetCpParams"), 2, "tttttttnnnnnnnnnnnn"),
+            "5.0||Orsa Corporation|Tarq Sample DMR-CP|0.1|||64|64|64|32|2|3|3|0|32|64|8|22222|");
 }
 
 TEST(AccessControl, HandsRequestsOnUnchanged) {

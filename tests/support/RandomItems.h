@@ -7,40 +7,28 @@
 #include <string>
 #include <string_view>
 
-// An item that a control point might hand over. Whatever its texts say, no server is ever asked for it.
-struct RandomItem {
-  std::string uri;
-  std::string metadata;
-  int32_t region = 0;
-
-  // A line of `check --batch`; none of the texts needs an escape.
-  std::string ndjson() const {
-    return R"({"uri":")" + uri + R"(","metadata":")" + metadata + R"(","region":)" + std::to_string(region) +
-           "}\n";
-  }
-};
-
 // Items with 1 to 14 `res` elements that mix what the selection knows with what it does not, near misses and
-// broken texts. The same seed gives the same items on every machine.
+// broken texts, as lines of `check --batch`; none of the texts needs an escape. Whatever they say, no server
+// is ever asked. The same seed gives the same items on every machine.
 class RandomItems {
  public:
   explicit RandomItems(uint32_t seed) : random_(seed) {}
 
-  RandomItem next() {
-    RandomItem item;
-    item.uri = word("item item item http://media.example/item https://127.0.0.1/item http://127.0.0.1/item");
-    item.metadata = "<DIDL-Lite><item><dc:title>random</dc:title>";
-    item.region = std::stoi(word("0 1 1 1 2 3 16 18"));
-    const bool https = item.uri.starts_with("https");
-    const bool internet = item.uri.find("example") != item.uri.npos;
-    if (item.uri == "http://127.0.0.1/item") item.metadata += "<desc>RVUALLIANCE</desc>";  // never asked for
+  std::string nextLine() {
+    const std::string uri =
+        word("item item item http://media.example/item https://127.0.0.1/item http://127.0.0.1/item");
+    const std::string region = word("0 1 1 1 2 3 16 18");
+    std::string metadata = "<DIDL-Lite><item><dc:title>random</dc:title>";
+    const char* scheme = uri.starts_with("https") ? "https" : "http";
+    const bool internet = uri.find("example") != uri.npos;
+    if (uri == "http://127.0.0.1/item") metadata += "<desc>RVUALLIANCE</desc>";  // never asked for
     // Quick tests would accept most of what the Internet offers over HTTP.
     protocol_ = internet && below(8) != 0 ? "rtsp-rtp-udp:*:" : "http-get:*:";
     const Pool& theme = kPools[below(3)];
     for (size_t count = 1 + below(14); count > 0; --count)
-      item.metadata += res(below(5) == 0 ? kPools[below(3)] : theme, https ? "https" : "http");
-    item.metadata += "</item></DIDL-Lite>";
-    return item;
+      metadata += res(below(5) == 0 ? kPools[below(3)] : theme, scheme);
+    return R"({"uri":")" + uri + R"(","metadata":")" + metadata + R"(</item></DIDL-Lite>","region":)" +
+           region + "}\n";
   }
 
  private:

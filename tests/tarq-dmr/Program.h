@@ -18,16 +18,19 @@
 // A file in memory, to feed the program with and to catch what it writes. Closed with its last user.
 class MemoryFile {
  public:
-  MemoryFile() : descriptor_(::memfd_create("test", MFD_CLOEXEC)) {}
+  explicit MemoryFile(std::string_view content = {}, size_t times = 1)
+      : descriptor_(::memfd_create("test", MFD_CLOEXEC)) {
+    for (; times > 0; --times) {
+      if (::write(descriptor_, content.data(), content.size()) != static_cast<ssize_t>(content.size()))
+        std::abort();
+    }
+    ::lseek(descriptor_, 0, SEEK_SET);
+  }
   ~MemoryFile() { ::close(descriptor_); }
   MemoryFile(const MemoryFile&) = delete;
   MemoryFile& operator=(const MemoryFile&) = delete;
 
   int descriptor() const { return descriptor_; }
-  void append(std::string_view text) const {
-    if (::write(descriptor_, text.data(), text.size()) != static_cast<ssize_t>(text.size())) std::abort();
-  }
-  void rewind() const { ::lseek(descriptor_, 0, SEEK_SET); }
   std::string content() const {
     std::string text(static_cast<size_t>(::lseek(descriptor_, 0, SEEK_END)), '\0');
     if (::pread(descriptor_, text.data(), text.size(), 0) != static_cast<ssize_t>(text.size())) std::abort();
@@ -38,11 +41,15 @@ class MemoryFile {
   int descriptor_;
 };
 
+inline std::vector<std::string> wordsOf(const std::string& text) {
+  std::istringstream words(text);
+  return {std::istream_iterator<std::string>(words), {}};
+}
+
 // Starts tarq-dmr with these three files, in the emulator if it is built for one; the caller waits for it.
 inline pid_t startProgram(const std::vector<std::string>& arguments, int in, int out, int err,
                           const std::string& program = TARQ_DMR_PROGRAM) {
-  std::istringstream emulator(TARQ_EMULATOR);
-  std::vector<std::string> words(std::istream_iterator<std::string>(emulator), {});
+  std::vector<std::string> words = wordsOf(TARQ_EMULATOR);
   words.push_back(program);
   words.insert(words.end(), arguments.begin(), arguments.end());
   std::vector<char*> argv;
@@ -59,8 +66,15 @@ inline pid_t startProgram(const std::vector<std::string>& arguments, int in, int
   return child;
 }
 
+// The exit code; -1: ended by a signal.
+inline int waitFor(pid_t child, rusage* usage = nullptr) {
+  int status = 0;
+  ::wait4(child, &status, 0, usage);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
 struct Outcome {
-  int exitCode;  // -1: ended by a signal
+  int exitCode;
   std::string out;
   std::string err;
   long maxResidentKiB;
@@ -69,18 +83,14 @@ struct Outcome {
 inline Outcome runProgram(const std::vector<std::string>& arguments, const MemoryFile& input) {
   const MemoryFile out;
   const MemoryFile err;
-  input.rewind();
-  const pid_t child = startProgram(arguments, input.descriptor(), out.descriptor(), err.descriptor());
-  int status = 0;
   rusage usage{};
-  ::wait4(child, &status, 0, &usage);
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, out.content(), err.content(), usage.ru_maxrss};
+  const int exitCode =
+      waitFor(startProgram(arguments, input.descriptor(), out.descriptor(), err.descriptor()), &usage);
+  return {exitCode, out.content(), err.content(), usage.ru_maxrss};
 }
 
 inline Outcome runProgram(const std::vector<std::string>& arguments, std::string_view input = {}) {
-  const MemoryFile file;
-  file.append(input);
-  return runProgram(arguments, file);
+  return runProgram(arguments, MemoryFile(input));
 }
 
 inline std::vector<std::string> linesOf(std::string_view text) {

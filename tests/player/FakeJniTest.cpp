@@ -127,8 +127,6 @@ struct Operation {
   int (*call)(P player, O out);
   const char* logName = method;
   int priority = ANDROID_LOG_WARN;
-
-  friend void PrintTo(const Operation& row, std::ostream* out) { *out << row.method; }
 };
 
 constexpr const char* kAudio = "x_UpdateAudioSelection";
@@ -172,28 +170,24 @@ class Player : public testing::Test {
   TarqDmrPlayerInterface& player_ = *TarqDmrInvokeJava::GetInstance();
 };
 
-class EveryOperation : public Player, public testing::WithParamInterface<Operation> {
- protected:
-  // `message`: the only one; empty: none.
-  void expect(const FakeVm& how, int result, const std::string& trace, const std::string& message = "") {
-    vm = how;
-    Outs out;
-    EXPECT_EQ(GetParam().call(player_, out), result);
-    EXPECT_EQ(vm.trace, trace);
-    EXPECT_EQ(vm.log, message.empty() ? std::vector<std::string>()
-                                      : std::vector{logLine(message, GetParam().priority)});
-    EXPECT_FALSE(vm.pending);
-    const bool stores = GetParam().result != 'i' && result == 0;
-    EXPECT_TRUE(how.fails == Fails::Call || out.areUntouched() != stores);
-    vm = {};
-  }
-};
+// `message`: the only one; empty: none.
+void expectCall(TarqDmrPlayerInterface& player, const Operation& operation, const FakeVm& how, int result,
+                const std::string& trace, const std::string& message = "") {
+  SCOPED_TRACE(std::string(operation.method) + ": " + trace);
+  vm = how;
+  Outs out;
+  EXPECT_EQ(operation.call(player, out), result);
+  EXPECT_EQ(vm.trace, trace);
+  EXPECT_EQ(vm.log,
+            message.empty() ? std::vector<std::string>() : std::vector{logLine(message, operation.priority)});
+  EXPECT_FALSE(vm.pending);
+  const bool stores = operation.result != 'i' && result == 0;
+  EXPECT_TRUE(how.fails == Fails::Call || out.areUntouched() != stores);
+  vm = {};
+}
 
-INSTANTIATE_TEST_SUITE_P(, EveryOperation, testing::ValuesIn(kOperations),
-                         [](const auto& row) { return std::string(row.param.method); });
-
-TEST_P(EveryOperation, ReleasesAndDetachesOnEveryPath) {
-  const Operation& operation = GetParam();
+void expectEveryPath(TarqDmrPlayerInterface& player, const Operation& operation) {
+  const auto expect = [&](auto&&... expected) { expectCall(player, operation, expected...); };
   const std::string method = operation.method;
   const bool copies = operation.result == 's';
   const int success = operation.result == 'i' ? kAnswer : 0;
@@ -201,116 +195,95 @@ TEST_P(EveryOperation, ReleasesAndDetachesOnEveryPath) {
   std::string given;
   for (size_t i = 0; i < operation.texts; ++i) {
     if (method != "setNextDataSource" || i != 1)
-      expect({.fails = Fails::Text, .failingText = i + 1}, 5, taken + kTexts[i] + "! " + given + "detach");
+      expect(FakeVm{.fails = Fails::Text, .failingText = i + 1}, 5,
+             taken + kTexts[i] + "! " + given + "detach");
     taken += kTexts[i] + std::string(" ");
     given += std::string("-") + kTexts[i] + " ";
   }
   const std::string before = taken + "class " + method + " call";
   const std::string after = (copies ? " copy -class -answer " : " -class ") + given;
-  expect({}, success, before + after + "detach");
-  expect({.attaches = false}, success, before + after.substr(0, after.size() - 1));
-  expect({.fails = Fails::Detach}, success, before + after + "detach!", "Detach failed.");
-  expect({.fails = Fails::Call}, copies ? 9 : 0,
+  expect(FakeVm{}, success, before + after + "detach");
+  expect(FakeVm{.attaches = false}, success, before + after.substr(0, after.size() - 1));
+  expect(FakeVm{.fails = Fails::Detach}, success, before + after + "detach!", "Detach failed.");
+  expect(FakeVm{.fails = Fails::Call}, copies ? 9 : 0,
          before + (copies ? "! copy" : "!") + " -class " + given + "detach");
-  expect({.fails = Fails::Environment}, 1, "env!", "Unknown Error: couldn't get JNIEnv");
-  expect({.fails = Fails::Class}, 3, taken + "class! " + given + "detach",
+  expect(FakeVm{.fails = Fails::Environment}, 1, "env!", "Unknown Error: couldn't get JNIEnv");
+  expect(FakeVm{.fails = Fails::Class}, 3, taken + "class! " + given + "detach",
          "Unknown Error: Lcom/orsa/tarq/dlna/TarqRendererHandler is not found");
-  expect({.fails = Fails::Method}, 3, taken + "class " + method + "! -class " + given + "detach",
+  expect(FakeVm{.fails = Fails::Method}, 3, taken + "class " + method + "! -class " + given + "detach",
          std::string("Unknown Error: Failed to get the methodID of ") + operation.logName);
-  player_.RemoveCb(fakeEnvironment());
-  expect({}, 10, "", "Invalid State: s_jCallback is NULL");
 }
 
-struct NullCase {
-  const char* argument;
-  int (*call)(P player, O out);
-};
-
-const NullCase kNulls[] = {
-    {"pCurrentURI", [](P p, O) { return p.SetDataSource(1, nullptr, "m", nullptr); }},
-    {"pCurrentContentType", [](P p, O) { return p.SetDataSource(1, "u", "m", nullptr); }},
-    {"pNextURI", [](P p, O) { return p.SetNextDataSource(1, nullptr, "m", nullptr); }},
-    {"pNextContentType", [](P p, O) { return p.SetNextDataSource(1, "", nullptr, nullptr); }},
-    {"pPlaySpeed", [](P p, O) { return p.Start(1, nullptr); }},
-    {"pChannel", [](P p, O) { return p.SetVolume(1, nullptr, 2, 3); }},
-    {"pChannel", [](P p, O o) { return p.GetVolume(1, nullptr, 2, &o.volume); }},
-    {"pChannel", [](P p, O) { return p.SetMute(1, nullptr, true); }},
-    {"pChannel", [](P p, O o) { return p.GetMute(1, nullptr, o.flag); }},
-};
-
-TEST_F(Player, TestsItsArgumentsBeforeAnythingElse) {
-  player_.RemoveCb(fakeEnvironment());
-  for (const NullCase& row : kNulls) {
-    vm = {};
-    Outs out;
-    EXPECT_EQ(row.call(player_, out), 9);
-    EXPECT_THAT(vm.log, ElementsAre(logLine(std::string("Invalid Argument: ") + row.argument + " is NULL")));
-    EXPECT_TRUE(vm.trace.empty() && out.areUntouched()) << row.argument;
+TEST_F(Player, ReleasesAndDetachesOnEveryPathOfManyThreads) {
+  std::vector<std::thread> threads;
+  for (int i = 0; i < 4; ++i) {
+    threads.emplace_back([this] {
+      for (int round = 0; round < 20; ++round)
+        for (const Operation& operation : kOperations) expectEveryPath(player_, operation);
+    });
   }
+  for (std::thread& thread : threads) thread.join();
+  player_.RemoveCb(fakeEnvironment());
+  for (const Operation& operation : kOperations)
+    expectCall(player_, operation, {}, 10, "", "Invalid State: s_jCallback is NULL");
 }
 
-struct SpecialCase {
+struct ArgumentCase {
   const char* name;
   int (*call)(P player, O out);
   int result;
   const char* trace;
+  const char* null = nullptr;  // the argument that must not be null, tested before anything else
   FakeVm how = {};
 };
 
 constexpr const char* kUriOnly = "env text1 class setDataSource call -class -text1 detach";
 constexpr const char* kNoType = "env text1 text2 class setDataSource call -class -text1 -text2 detach";
-const SpecialCase kSpecials[] = {
+constexpr const char* kNextTexts = "env text1 text2 class setNextDataSource call -class -text1 -text2 detach";
+constexpr const char* kNextFails =
+    "env text1 text2! text3 class setNextDataSource call -class -text1 -text3 detach";
+constexpr const char* kPlaylist = "env class setBreakAuxStreamPlaylist call -class detach";
+const FakeVm kSecondTextFails = {.fails = Fails::Text, .failingText = 2};
+// clang-format off
+const ArgumentCase kArguments[] = {
+    {"NullUri", [](P p, O) { return p.SetDataSource(1, nullptr, "m", nullptr); }, 9, "", "pCurrentURI"},
+    {"NullType", [](P p, O) { return p.SetDataSource(1, "u", "m", nullptr); }, 9, "", "pCurrentContentType"},
+    {"NullNextUri", [](P p, O) { return p.SetNextDataSource(1, nullptr, "m", nullptr); }, 9, "", "pNextURI"},
+    {"NullNextType", [](P p, O) { return p.SetNextDataSource(1, "", nullptr, nullptr); }, 9, "", "pNextContentType"},
+    {"NullSpeed", [](P p, O) { return p.Start(1, nullptr); }, 9, "", "pPlaySpeed"},
+    {"SetNoVolume", [](P p, O) { return p.SetVolume(1, nullptr, 2, 3); }, 9, "", "pChannel"},
+    {"GetNoVolume", [](P p, O o) { return p.GetVolume(1, nullptr, 2, &o.volume); }, 9, "", "pChannel"},
+    {"SetNoMute", [](P p, O) { return p.SetMute(1, nullptr, true); }, 9, "", "pChannel"},
+    {"GetNoMute", [](P p, O o) { return p.GetMute(1, nullptr, o.flag); }, 9, "", "pChannel"},
     {"UriAlone", [](P p, O) { return p.SetDataSource(1, "u", nullptr, nullptr); }, kAnswer, kUriOnly},
     {"EmptyUri", [](P p, O) { return p.SetDataSource(1, "", nullptr, nullptr); }, kAnswer, kUriOnly},
     {"EmptyUriWithMetadata", [](P p, O) { return p.SetDataSource(1, "", "m", nullptr); }, kAnswer, kNoType},
     {"EmptyMetadata", [](P p, O) { return p.SetDataSource(1, "u", "", nullptr); }, kAnswer, kNoType},
-    {"NoNextMetadata", [](P p, O) { return p.SetNextDataSource(1, "u", nullptr, "t"); }, kAnswer,
-     "env text1 text2 class setNextDataSource call -class -text1 -text2 detach"},
-    {"NextMetadataIsDispensable",
-     [](P p, O) { return p.SetNextDataSource(1, "u", "m", "t"); },
-     kAnswer,
-     "env text1 text2! text3 class setNextDataSource call -class -text1 -text3 detach",
-     {.fails = Fails::Text, .failingText = 2}},
-    {"NoPlaylists", [](P p, O) { return p.SetBreakAuxStreamPlaylist(1, 2, nullptr, nullptr); }, kAnswer,
-     "env class setBreakAuxStreamPlaylist call -class detach"},
-    {"NullAnswer",
-     [](P p, O o) { return p.GetAction(1, &o.text); },
-     9,
-     "env class getAction call copy -class detach",
-     {.answersNull = true}},
+    {"NoNextMetadata", [](P p, O) { return p.SetNextDataSource(1, "u", nullptr, "t"); }, kAnswer, kNextTexts},
+    {"NextMetadataIsDispensable", [](P p, O) { return p.SetNextDataSource(1, "u", "m", "t"); }, kAnswer, kNextFails,
+     nullptr, kSecondTextFails},
+    {"NoPlaylists", [](P p, O) { return p.SetBreakAuxStreamPlaylist(1, 2, nullptr, nullptr); }, kAnswer, kPlaylist},
+    {"NullAnswer", [](P p, O o) { return p.GetAction(1, &o.text); }, 9, "env class getAction call copy -class detach",
+     nullptr, {.answersNull = true}},
     {"SetDecibel", [](P p, O) { return p.SetVolumeDB(1, nullptr, 2, 3); }, 2, ""},
-    {"Decibel", [](P p, O o) { return p.GetVolumeDB(1, nullptr, 2, &o.number); }, 2, ""},
+    {"GetDecibel", [](P p, O o) { return p.GetVolumeDB(1, nullptr, 2, &o.number); }, 2, ""},
 };
+// clang-format on
 
-TEST_F(Player, TakesWhatMayBeMissing) {
-  for (const SpecialCase& row : kSpecials) {
+TEST_F(Player, TakesWhatMayBeMissingAndRefusesWhatMayNot) {
+  for (const ArgumentCase& row : kArguments) {
+    SCOPED_TRACE(row.name);
+    if (row.null != nullptr) player_.RemoveCb(fakeEnvironment());
     vm = row.how;
     Outs out;
-    EXPECT_EQ(row.call(player_, out), row.result) << row.name;
-    EXPECT_EQ(vm.trace, row.trace) << row.name;
-    EXPECT_TRUE(vm.log.empty() && out.areUntouched()) << row.name;
+    EXPECT_EQ(row.call(player_, out), row.result);
+    EXPECT_EQ(vm.trace, row.trace);
+    EXPECT_TRUE(out.areUntouched());
+    EXPECT_EQ(vm.log, row.null == nullptr
+                          ? std::vector<std::string>()
+                          : std::vector{logLine(std::string("Invalid Argument: ") + row.null + " is NULL")});
+    player_.AddCb(fakeEnvironment(), named("handler"));
   }
-}
-
-TEST_F(Player, ServesManyThreadsAtOnce) {
-  const auto callAll = [this] {
-    std::vector<std::string> traces;
-    for (const Operation& operation : kOperations) {
-      vm = {};
-      Outs out;
-      operation.call(player_, out);
-      traces.push_back(vm.trace);
-    }
-    return traces;
-  };
-  const std::vector<std::string> alone = callAll();
-  std::vector<std::thread> threads;
-  for (int i = 0; i < 4; ++i) {
-    threads.emplace_back([&] {
-      for (int round = 0; round < 100; ++round) EXPECT_EQ(callAll(), alone);
-    });
-  }
-  for (std::thread& thread : threads) thread.join();
 }
 
 TEST_F(Player, HoldsOneHandler) {

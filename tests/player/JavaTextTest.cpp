@@ -75,13 +75,6 @@ TEST(JavaText, MayBeLong) {
   }
 }
 
-TEST(JavaText, NullIsNoText) {
-  char* text = nullptr;
-  EXPECT_EQ(TarqJniUtil::NewJStringUTF8s(&testEnv(), nullptr), nullptr);
-  EXPECT_EQ(TarqJniUtil::NewCString(&testEnv(), nullptr, &text), 9);
-  EXPECT_EQ(text, nullptr);
-}
-
 TEST(JavaThreads, WithoutAVmThereIsNoEnvironment) {
   JavaVM* vm = nullptr;
   ASSERT_EQ(testEnv().GetJavaVM(&vm), JNI_OK);

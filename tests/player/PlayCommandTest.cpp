@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "DidlDuration.h"
+#include "OutcomeRows.h"
 #include "Program.h"
 #include "RawHttpServer.h"
 
@@ -19,12 +20,11 @@ using Arguments = std::vector<std::string>;
 
 // Accepted without asking a server; nothing is known of its duration.
 constexpr const char* kUri = "http://127.0.0.1/a'b$(c)\"d e.mp4";
-constexpr const char* kAnswer = "HTTP/1.1 200 OK\r\nContent-Type: audio/mpeg\r\n\r\n";
 
-Outcome play(Arguments arguments, const std::string& metadata = "<DIDL-Lite/>") {
+Outcome play(Arguments arguments) {
   arguments.insert(arguments.begin(), "play");
   arguments.insert(arguments.end(), {"--metadata", "-"});
-  return runProgram(arguments, metadata);
+  return runProgram(arguments, "<DIDL-Lite/>");
 }
 
 // A file that a program of the test writes to.
@@ -43,20 +43,9 @@ class Notes {
       std::filesystem::temp_directory_path() / ("tarq-play-" + std::to_string(::getpid()));
 };
 
-TEST(Play, EndsWithTheTrack) {
-  const RawHttpServer server(kAnswer);
-  const std::string didl =
-      "<DIDL-Lite><item><res protocolInfo='http-get:*:audio/mpeg:DLNA.ORG_PN=MP3' duration='0:00:00.4'>" +
-      server.url() + "</res></item></DIDL-Lite>";
-  const Outcome outcome = play({server.url(), "--region", "1"}, didl);
-  EXPECT_EQ(outcome.exitCode, 0);
-  EXPECT_THAT(outcome.out, EndsWith("the track is over\n"));
-  EXPECT_EQ(outcome.err, "");
-}
-
 TEST(Play, GivesTheProgramEachUriAsItIs) {
   const Notes notes;
-  const RawHttpServer server(kAnswer);
+  const RawHttpServer server("HTTP/1.1 200 OK\r\nContent-Type: audio/mpeg\r\n\r\n");
   const Outcome outcome = play({kUri, "--region", "1", "--next", server.url(), "--exec",
                                 "sh -c 'echo \"$0\" >> " + notes.path() + "' {uri}"});
   EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
@@ -72,9 +61,7 @@ TEST(Play, InterruptStopsTheTrackAndItsProgram) {
       none.descriptor(), out.descriptor(), err.descriptor());
   while (!notes.text().ends_with('\n') || out.content().empty()) ::usleep(1000);
   ::kill(child, SIGINT);
-  int status = -1;
-  ::waitpid(child, &status, 0);
-  EXPECT_EQ(status, 0) << err.content();
+  EXPECT_EQ(waitFor(child), 0) << err.content();
   EXPECT_THAT(out.content(), EndsWith("stopped\n"));
   EXPECT_NE(::kill(std::stoi(notes.text()), 0), 0);
 }
@@ -85,14 +72,12 @@ TEST(Demo, ComesOutAsItShould) {
   EXPECT_EQ(outcome.err, "");
 }
 
-struct FailureCase {
+const struct {
   const char* name;
   Arguments arguments;
   int exitCode;
   const char* message;  // in what it writes
-};
-
-const FailureCase kFailures[] = {
+} kFailures[] = {
     {"Refused", {"http://127.0.0.1:1/a"}, 1, "refused (55202)"},
     {"NextRefused", {kUri, "--next", "http://127.0.0.1:1/a"}, 1, "refused (55202)"},
     {"HandlerError",
@@ -109,22 +94,20 @@ const FailureCase kFailures[] = {
 };
 
 TEST(Play, FailsInWords) {
-  for (const FailureCase& row : kFailures) {
-    const Outcome outcome = play(row.arguments);
-    EXPECT_EQ(outcome.exitCode, row.exitCode) << row.name << "\n" << outcome.err;
-    EXPECT_THAT(outcome.out + outcome.err, HasSubstr(row.message)) << row.name;
+  for (const auto& [name, arguments, exitCode, message] : kFailures) {
+    const Outcome outcome = play(arguments);
+    EXPECT_EQ(outcome.exitCode, exitCode) << name << "\n" << outcome.err;
+    EXPECT_THAT(outcome.out + outcome.err, HasSubstr(message)) << name;
   }
 }
 
 TEST(Play, ReadsDurations) {
-  // clang-format off
-  const std::pair<const char*, int> rows[] = {
-      {"0:00:00.4", 400}, {"1:02:03", 3723000}, {"0:00:01.25999", 1259}, {"0:00:01.1/3", 1333},
-      {"600:00:00", 2147483647}, {"", 0}, {"-1:00:00", 0}, {"0:-1:00", 0}, {"0:00:60", 0}, {"0:60:00", 0},
-      {"0:00", 0}, {"0:00:00.", 0}, {"0:00:00.3/3", 0}, {"0:00:00.1/0", 0}, {"99999999999:00:00", 0},
-      {"0:00:00x", 0}, {"0:00:00.12345678901", 123}};
-  // clang-format on
-  for (const auto& [text, ms] : rows) EXPECT_EQ(parseDurationMs(text), ms) << text;
+  const auto milliseconds = [](const char* text) { return std::to_string(parseDurationMs(text)); };
+  expectOutcomes(milliseconds,
+                 {"0:00:00.4 => 400", "1:02:03 => 3723000", "0:00:01.25999 => 1259", "0:00:01.1/3 => 1333",
+                  "600:00:00 => 2147483647", " => 0", "-1:00:00 => 0", "0:-1:00 => 0", "0:00:60 => 0",
+                  "0:60:00 => 0", "0:00 => 0", "0:00:00. => 0", "0:00:00.3/3 => 0", "0:00:00.1/0 => 0",
+                  "99999999999:00:00 => 0", "0:00:00x => 0", "0:00:00.12345678901 => 123"});
 }
 
 TEST(Play, NeedsAJavaVm) {

@@ -30,18 +30,17 @@ class PlayerOf {
   TarqDmrPlayerInterface* object() const { return player_; }
   JavaHandler& handler() { return handler_; }
 
-  // What a method of the handler without arguments says; a static one is none of its own.
-  std::string ask(const char* method, bool isStatic = false) const {
+  // What a method of the handler without arguments says.
+  std::string ask(const char* method) const {
     JNIEnv& env = testEnv();
     env.PushLocalFrame(4);
     const jclass owner = env.GetObjectClass(handler_.object());
-    const char* signature = "()Ljava/lang/String;";
-    const jobject string =
-        isStatic ? env.CallStaticObjectMethod(owner, env.GetStaticMethodID(owner, method, signature))
-                 : env.CallObjectMethod(handler_.object(), env.GetMethodID(owner, method, signature));
-    const std::string text = env.ExceptionCheck() ? "an exception" : take(string);
+    const jmethodID id = env.GetMethodID(owner, method, "()Ljava/lang/String;");
+    const jobject string = env.CallObjectMethod(handler_.object(), id);
+    char* text = nullptr;
+    if (!env.ExceptionCheck()) TarqJniUtil::NewCString(&env, string, &text);
     env.PopLocalFrame(nullptr);
-    return text;
+    return text == nullptr ? "no text" : taken(text);
   }
 
   // The text that an operation handed out.
@@ -52,11 +51,6 @@ class PlayerOf {
   }
 
  private:
-  static std::string take(jobject string) {
-    char* text = nullptr;
-    return TarqJniUtil::NewCString(&testEnv(), string, &text) == 0 ? taken(text) : "null";
-  }
-
   JavaHandler handler_;
   TarqDmrPlayerInterface* player_;
 };

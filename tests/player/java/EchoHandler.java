@@ -1,8 +1,5 @@
 import com.orsa.tarq.dlna.TarqRendererHandler;
-import java.lang.invoke.MethodType;
-import java.lang.reflect.Method;
 import java.util.Arrays;
-import java.util.stream.Collectors;
 
 /** Remembers the last call and answers with its id; throws where the id is 13. */
 public class EchoHandler extends TarqRendererHandler {
@@ -15,27 +12,9 @@ public class EchoHandler extends TarqRendererHandler {
     return id;
   }
 
-  @Override
-  public String toString() {
-    return last;
-  }
-
-  /** Every method of a handler as "name signature", in alphabetical order. */
-  public static String methods() {
-    return Arrays.stream(TarqRendererHandler.class.getDeclaredMethods()).map(EchoHandler::describe).sorted()
-        .collect(Collectors.joining("\n"));
-  }
-
-  private static String describe(Method method) {
-    MethodType type = MethodType.methodType(method.getReturnType(), method.getParameterTypes());
-    return method.getName() + " " + type.toMethodDescriptorString();
-  }
-
-  public static String liveThreads() {
-    return String.valueOf(Thread.activeCount());
-  }
-
   // @formatter:off
+  @Override public String toString() { return last; }
+  public String liveThreads() { return String.valueOf(Thread.activeCount()); }
   @Override public int setDataSource(int id, String u, String m, String t) { return echo("setDataSource", id, u, m, t); }
   @Override public int setNextDataSource(int id, String u, String m, String t) { return echo("setNextDataSource", id, u, m, t); }
   @Override public int start(int id, String speed) { return echo("start", id, speed); }

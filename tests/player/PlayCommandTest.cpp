@@ -3,9 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "DidlDuration.h"
 #include "OutcomeRows.h"
@@ -27,43 +24,26 @@ Outcome play(Arguments arguments) {
   return runProgram(arguments, "<DIDL-Lite/>");
 }
 
-// A file that a program of the test writes to.
-class Notes {
- public:
-  ~Notes() { std::filesystem::remove(path_); }
-  std::string path() const { return path_; }
-  std::string text() const {
-    std::ostringstream all;
-    all << std::ifstream(path_).rdbuf();
-    return all.str();
-  }
-
- private:
-  const std::string path_ =
-      std::filesystem::temp_directory_path() / ("tarq-play-" + std::to_string(::getpid()));
-};
-
 TEST(Play, GivesTheProgramEachUriAsItIs) {
-  const Notes notes;
+  const MemoryFile notes;
   const RawHttpServer server("HTTP/1.1 200 OK\r\nContent-Type: audio/mpeg\r\n\r\n");
   const Outcome outcome = play({kUri, "--region", "1", "--next", server.url(), "--exec",
                                 "sh -c 'echo \"$0\" >> " + notes.path() + "' {uri}"});
   EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
-  EXPECT_EQ(notes.text(), std::string(kUri) + "\n" + server.url() + "\n");
+  EXPECT_EQ(notes.content(), std::string(kUri) + "\n" + server.url() + "\n");
   EXPECT_THAT(outcome.out, EndsWith("the track is over\n"));
 }
 
 TEST(Play, InterruptStopsTheTrackAndItsProgram) {
-  const Notes notes;
-  const MemoryFile none, out, err;
+  const MemoryFile none, out, err, notes;
   const pid_t child = startProgram(
       {"play", kUri, "--metadata", "-", "--exec", "sh -c 'echo $$ > " + notes.path() + "; sleep 60; true'"},
       none.descriptor(), out.descriptor(), err.descriptor());
-  while (!notes.text().ends_with('\n') || out.content().empty()) ::usleep(1000);
+  while (!notes.content().ends_with('\n') || out.content().empty()) ::usleep(1000);
   ::kill(child, SIGINT);
   EXPECT_EQ(waitFor(child), 0) << err.content();
   EXPECT_THAT(out.content(), EndsWith("stopped\n"));
-  EXPECT_NE(::kill(std::stoi(notes.text()), 0), 0);
+  EXPECT_NE(::kill(std::stoi(notes.content()), 0), 0);
 }
 
 TEST(Demo, ComesOutAsItShould) {

@@ -40,8 +40,8 @@ std::vector<std::string> resElements(const std::string& candidates) {
 
 using Contest = int (TarqDlnaResSelection::*)(int, TarqDlnaResMetadata*, ResScore*) const;
 constexpr Contest kPhoto = &TarqDlnaResSelection::selectPhotoResIndex;
-constexpr Contest kMpo = nullptr;  // has ranks instead of points
-constexpr Contest kNone = nullptr;
+constexpr Contest kMpo = nullptr;   // has ranks instead of points
+constexpr Contest kNone = nullptr;  // is held
 constexpr Contest kMusic = &TarqDlnaResSelection::selectMusicResIndex;
 constexpr Contest kWma = &TarqDlnaResSelection::selectMusicResIndex_WMA;
 constexpr Contest kVideo = &TarqDlnaResSelection::selectVideoResIndex;

@@ -135,7 +135,7 @@ TEST(Explain, ProbeShowsWhatCameBack) {
        "profile name \"NO\x1B\"",
        {"looked up   profile name \"NO\\x1b\"", "status 200, content type video/mp4", "refused (55106)"}},
       {"404 No", 55108, "", {"status 404, content type -", "refused (55108)"}},
-      {"503 No", 55107, "", {"came back   the server answered 503\n", "refused (55107)"}},
+      {"503 No", 55107, "", {"came back   the server answered 503\n\nVerdict: refused (55107)"}},
   };
   for (const auto& [answer, code, lookedUp, phrases] : rows) {
     RawHttpServer server("HTTP/1.1 " + std::string(answer) + "\r\n\r\n");

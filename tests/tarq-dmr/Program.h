@@ -31,6 +31,10 @@ class MemoryFile {
   MemoryFile& operator=(const MemoryFile&) = delete;
 
   int descriptor() const { return descriptor_; }
+  // For a program that the test starts to open.
+  std::string path() const {
+    return "/proc/" + std::to_string(::getpid()) + "/fd/" + std::to_string(descriptor_);
+  }
   std::string content() const {
     std::string text(static_cast<size_t>(::lseek(descriptor_, 0, SEEK_END)), '\0');
     if (::pread(descriptor_, text.data(), text.size(), 0) != static_cast<ssize_t>(text.size())) std::abort();

@@ -3,6 +3,7 @@
 
 #include <thread>
 
+#include "Beside.h"
 #include "JavaHandler.h"
 #include "JavaVm.h"
 #include "LoadedPlugin.h"
@@ -25,28 +26,27 @@ TarqDmrPlayerInterface& player() {
   return *registered;
 }
 
-void bareCall(benchmark::State& state) {
+void forwardedCall(benchmark::State& state) {
   JNIEnv& env = environment();
   const JavaHandler handler(env, kHandler);
-  for (auto _ : state) {
+  const auto bareCall = [&] {
     const jclass handlerClass = env.GetObjectClass(handler.object());
     const jmethodID method = env.GetMethodID(handlerClass, "stop", "(I)I");
     benchmark::DoNotOptimize(env.CallIntMethod(handler.object(), method, jint{0}));
     env.DeleteLocalRef(handlerClass);
-  }
-}
-BENCHMARK(bareCall)->UseRealTime();
-
-void forwardedCall(benchmark::State& state) {
+  };
   TarqDmrPlayerInterface& target = player();
-  for (auto _ : state) benchmark::DoNotOptimize(target.Stop(0));
+  measureBeside(
+      state, bareCall, [&] { benchmark::DoNotOptimize(target.Stop(0)); }, 100);
 }
 BENCHMARK(forwardedCall)->UseRealTime();
 
 // Attaches and detaches the thread for every call.
 void foreignCall(benchmark::State& state) {
-  player();
-  std::thread([&state] { forwardedCall(state); }).join();
+  TarqDmrPlayerInterface& target = player();
+  std::thread([&] {
+    for (auto _ : state) benchmark::DoNotOptimize(target.Stop(0));
+  }).join();
 }
 BENCHMARK(foreignCall)->UseRealTime();
 

@@ -1,13 +1,15 @@
-// One selection, from the metadata's text to the chosen index, and one whole check without a probe, beside a
-// bare walk of the same text.
+// One selection, from the metadata's text to the chosen index; one whole check without a probe, beside a bare
+// walk of the same text.
 #include <android/log.h>
 #include <benchmark/benchmark.h>
 
+#include <cstdlib>
 #include <memory>
 #include <string>
 
 #include "BareWalk.h"
 #include "BenchItems.h"
+#include "Beside.h"
 #include "Checker.h"
 #include "TarqCdsAccess.h"
 #include "TarqDlnaResSelection.h"
@@ -16,12 +18,6 @@ namespace {
 
 std::string itemOf(const benchmark::State& state) {
   return benchItem(kBenchKinds[state.range(0)], static_cast<int>(state.range(1)));
-}
-
-void walkOnly(benchmark::State& state) {
-  const std::string text = itemOf(state);
-  for (auto _ : state) benchmark::DoNotOptimize(bareWalk(text));
-  state.SetComplexityN(state.range(1));
 }
 
 void selectFromText(benchmark::State& state) {
@@ -36,35 +32,31 @@ void selectFromText(benchmark::State& state) {
     benchmark::DoNotOptimize(selected);
     TARQ_Result_DestroyResult(result);
   }
-  state.SetComplexityN(state.range(1));
 }
 
 void wholeCheck(benchmark::State& state) {
   const std::string text = itemOf(state);
   __android_log_set_minimum_priority(ANDROID_LOG_SILENT);
   newChecker(1);
-  for (auto _ : state) {
-    const std::unique_ptr<TarqResourceCheckerInterface> checker(
-        TarqDmrPluginManager::GetInstance()->GetParams()->CreateResourceChecker());
-    if (checker->CheckResource("item", text.c_str()) != 0) state.SkipWithError("refused");
-    benchmark::DoNotOptimize(checker->GetResource());
-  }
-  state.SetComplexityN(state.range(1));
+  measureBeside(
+      state, [&] { benchmark::DoNotOptimize(bareWalk(text)); },
+      [&] {
+        const std::unique_ptr<TarqResourceCheckerInterface> checker(
+            TarqDmrPluginManager::GetInstance()->GetParams()->CreateResourceChecker());
+        if (checker->CheckResource("item", text.c_str()) != 0) std::abort();
+        benchmark::DoNotOptimize(checker->GetResource());
+      });
 }
 
 // Video, music and photo.
 template <int Kind>
 void resCounts(benchmark::internal::Benchmark* bench) {
   for (const int count : {1, 4, 16, 64, 256}) bench->Args({Kind, count});
-  bench->Complexity(benchmark::oN);
 }
 
-BENCHMARK(walkOnly)->Name("walkOnly/video")->Apply(resCounts<0>);
 BENCHMARK(selectFromText)->Name("selectFromText/video")->Apply(resCounts<0>);
 BENCHMARK(wholeCheck)->Name("wholeCheck/video")->Apply(resCounts<0>);
-BENCHMARK(walkOnly)->Name("walkOnly/music")->Apply(resCounts<1>);
 BENCHMARK(wholeCheck)->Name("wholeCheck/music")->Apply(resCounts<1>);
-BENCHMARK(walkOnly)->Name("walkOnly/photo")->Apply(resCounts<2>);
 BENCHMARK(wholeCheck)->Name("wholeCheck/photo")->Apply(resCounts<2>);
 
 }  // namespace

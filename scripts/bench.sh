@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Prints what the work of the plug-in costs, each row beside the least that it could cost.
 # Instructions are the difference of two repetition counts under callgrind: they do not depend on the machine's load.
-# Times are medians of seven runs in turn, and do.
+# Times are medians of runs in turn, and do.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -30,24 +30,8 @@ for kind in video music photo; do
 done
 printf '\n== the sink text of region 2: %d instructions\n' "$(instructions sink video 1)"
 
-printf '\n== times, beside the same by bare libraries\n'
-$bin/tarq-bench --benchmark_repetitions=7 --benchmark_enable_random_interleaving=true --benchmark_min_time=0.1 \
-  --benchmark_report_aggregates_only=true --benchmark_format=csv 2>/dev/null |
-  awk -F, 'gsub("\"", "", $1) && sub("(/real_time)?_median$", "", $1) {print $1, $3, $5}' | sort -V |
-  awk '{name[NR] = $1; time[$1] = $2; unit[$1] = $3}
-       END {
-         bare["wholeCheck"] = "walkOnly"; bare["checkWithHead"] = "headOnly"; bare["forwardedCall"] = "bareCall"
-         for (i = 1; i <= NR; ++i) {
-           what = base = of = name[i]
-           sub("/.*", "", base)
-           ratio = ""
-           if (base in bare) {
-             sub(base, bare[base], of)
-             ratio = sprintf("%6.2f times %s", time[what] / time[of], of)
-           }
-           printf "%-24s %12.2f %s%s\n", what, time[what], unit[what], ratio
-         }
-       }'
+printf '\n== times, beside the same by bare libraries in turn\n'
+$bin/tarq-bench --benchmark_counters_tabular=true 2>/dev/null
 
 printf '\n== a batch\n'
 $bin/tarq-batch-bench

@@ -19,8 +19,7 @@ void answerOne(int listener, std::string_view bytes, size_t pieceSize) {
   const int fd = accept4(listener, nullptr, nullptr, SOCK_CLOEXEC);
   const int atOnce = 1;
   setsockopt(fd, IPPROTO_TCP, TCP_NODELAY, &atOnce, sizeof atOnce);
-  RawHttpServer::Connection client(fd);
-  client.readRequest();
+  RawHttpServer::Connection client(fd);  // has read the request
   while (!bytes.empty() && client.send(bytes.substr(0, pieceSize)))
     bytes.remove_prefix(std::min(pieceSize, bytes.size()));
   close(fd);

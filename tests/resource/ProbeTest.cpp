@@ -278,6 +278,7 @@ auto heldWhenQuiet() {
 
 TEST(Cancel, EndsAProbeAtAnyMomentAndLeavesNothing) {
   constexpr int kTries = 1'000;
+  constexpr auto kLimit = TARQ_COSTS_COUNT ? 50ms : 500ms;
   holdFirstSelection();
   cancelProbe(Item("http://nobody.invalid/"), 0us);
   const auto before = heldWhenQuiet();
@@ -301,7 +302,7 @@ TEST(Cancel, EndsAProbeAtAnyMomentAndLeavesNothing) {
     }
     EXPECT_EQ(results[5] + results[55203] + results[55106], kTries);
     EXPECT_GT(results[55203], kTries / 2);
-    EXPECT_LT(slowest, 50ms) << slowest.count() << " ns";
+    EXPECT_LT(slowest, kLimit) << slowest.count() << " ns";
     EXPECT_TRUE(silent.allClosedWithin(2s) && slow.allClosedWithin(2s));
   }
   EXPECT_EQ(heldWhenQuiet(), before) << "descriptors, threads";

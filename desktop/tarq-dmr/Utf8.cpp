@@ -17,23 +17,30 @@ size_t characterLength(std::string_view text) {
   return continues(3) ? 4 : 0;
 }
 
-// Looks at every byte, so that it becomes vector code: nearly all texts are plain ASCII.
-bool isAscii(std::string_view text) {
-  unsigned char bits = 0;
-  for (const char c : text) bits |= static_cast<unsigned char>(c);
-  return bits < 0x80;
+// Bytes before the first one above 0x7F: most of a text. Blocks of a fixed size become vector code.
+size_t asciiLength(std::string_view text) {
+  constexpr size_t kBlock = 64;
+  const auto isAsciiBlock = [&](size_t begin) {
+    unsigned char bits = 0;
+    for (size_t i = begin; i < begin + kBlock; ++i) bits |= static_cast<unsigned char>(text[i]);
+    return bits < 0x80;
+  };
+  size_t length = 0;
+  while (text.size() - length >= kBlock && isAsciiBlock(length)) length += kBlock;
+  while (length < text.size() && static_cast<unsigned char>(text[length]) < 0x80) ++length;
+  return length;
 }
 
 }  // namespace
 
 bool isValidUtf8(std::string_view text) {
-  if (isAscii(text)) return true;
-  while (!text.empty()) {
+  for (;;) {
+    text.remove_prefix(asciiLength(text));
+    if (text.empty()) return true;
     const size_t length = characterLength(text);
     if (length == 0) return false;
     text.remove_prefix(length);
   }
-  return true;
 }
 
 std::string repairUtf8(std::string_view text) {

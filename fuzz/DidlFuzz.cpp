@@ -36,7 +36,7 @@ Choice chooseFrom(const TARQ_Object* object, int32_t region, int excludeHls) {
   if (selected == -1) return {};
 
   const TarqDlnaResMetadata& record = records[static_cast<size_t>(selected)];
-  const char* format = record.format.c_str();
+  const char* format = record.format;
   const bool unnamedMpo = record.mpfEntries != 0 && !sameText(record.mimeType.c_str(), "image/jpeg");
   require(format != nullptr || unnamedMpo, "the chosen element has a format");
   for (int i = 0; i < selected; ++i) {

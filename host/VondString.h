@@ -2,86 +2,61 @@
 #define VOND_STRING_H_
 
 #include <cstddef>
-#include <cstdint>
+#include <cstdlib>
 #include <cstring>
-#include <string_view>
 
 #include "TarqHostApi.h"
 
-// The host's text value: absent, or a text, which may be empty.
+// The host's string value: absent, or a string, which may be empty.
+// Null: assigning null makes it absent, appending null does nothing; an absent one hands out null.
+// Ownership: its characters; `c_str()` is valid until the next change or the destruction.
 // Threads: const operations may run at once on any threads.
-// Owns: its characters, unless it refers to another's. `c_str()` is valid until the next change or the
-// destruction. Null: assigning or appending null: see each operation. An absent string hands out a null
-// pointer. Memory: where none can be had, the string becomes absent.
+// Errors: on allocation failure the string becomes absent.
 class TARQ_HOST_API VondString {
  public:
-  VondString() noexcept {}                               // absent
-  VondString(const char* text) noexcept;                 // null: absent
-  VondString(const char* text, size_t length) noexcept;  // the first `length` bytes; null: absent
-  VondString(const VondString& other) noexcept;          // always a copy of its own
-  VondString(VondString&& other) noexcept;               // `other` becomes absent
-  ~VondString() {
-    if (capacity_ != 0) freeBlock();
-  }
+  VondString() noexcept = default;                         // absent
+  VondString(const char* string) noexcept;                 // null: absent
+  VondString(const char* string, size_t length) noexcept;  // the first `length` bytes; null: absent
+  VondString(const VondString& other) noexcept;
+  VondString(VondString&& other) noexcept;  // `other` becomes absent
+  ~VondString() { release(); }
 
-  VondString& operator=(const char* text) noexcept {  // null: absent; may point into this string
-    assign(text, text == nullptr ? 0 : std::strlen(text));
+  // `string` may point into this string.
+  VondString& operator=(const char* string) noexcept {
+    string == nullptr ? release() : assign(string, std::strlen(string));
     return *this;
   }
   VondString& operator=(const VondString& other) noexcept;
   VondString& operator=(VondString&& other) noexcept;
-  // The first `length` bytes of `text`, which may point into this string; null: absent.
-  void assign(const char* text, size_t length) noexcept {
-    if (text == nullptr) {
-      release();
-    } else {
-      set(text, length);
-    }
-  }
-  // Becomes `text` without copying it: it must outlive this string, and stay as it is. Null: absent.
-  void refer(const char* text) noexcept {
-    release();
-    text_ = text;
-    length_ = text == nullptr ? 0 : static_cast<uint32_t>(std::strlen(text));
-  }
-  // The same of a text whose length is known; a NUL follows it.
-  void refer(std::string_view text) noexcept {
-    release();
-    text_ = text.data();
-    length_ = static_cast<uint32_t>(text.size());
-  }
 
-  // Adds `text` at the end; an absent string becomes it. Null: nothing. May not point into this string.
-  VondString& append(const char* text) noexcept;
+  // Adds `string`, which may not point into this one, at the end. An absent string becomes it.
+  VondString& append(const char* string) noexcept;
 
-  const char* c_str() const noexcept { return text_; }  // null when absent
-  size_t length() const noexcept { return length_; }    // bytes; 0 when absent
+  const char* c_str() const noexcept { return data_; }
+  size_t length() const noexcept { return length_; }  // bytes; 0 when absent
 
   // Equal when both are absent or both hold the same bytes; absent and empty differ.
   friend bool operator==(const VondString& a, const VondString& b) noexcept {
-    if (a.length_ != b.length_) return false;
-    if (a.length_ == 0) return (a.text_ == nullptr) == (b.text_ == nullptr);
-    return std::memcmp(a.text_, b.text_, a.length_) == 0;
+    if (a.data_ == nullptr || b.data_ == nullptr) return a.data_ == b.data_;
+    return a.length_ == b.length_ && std::memcmp(a.data_, b.data_, a.length_) == 0;
   }
 
  private:
-  static constexpr uint32_t kInlineBytes = 24;
+  static constexpr size_t kInlineBytes = 24;  // profile names, MIME types and extensions fit
 
-  void set(const char* text, size_t length) noexcept;
+  void assign(const char* string, size_t length) noexcept;
   char* reserve(size_t length) noexcept;
   void take(VondString& other) noexcept;
-  void freeBlock() noexcept;
   void release() noexcept {  // becomes absent
-    if (capacity_ != 0) freeBlock();
-    text_ = nullptr;
+    if (capacity_ != 0) std::free(data_);
+    data_ = nullptr;
     length_ = 0;
     capacity_ = 0;
   }
 
-  const char* text_ =
-      nullptr;  // null: absent; else `inline_`, a heap block of `capacity_` bytes, or another's text
-  uint32_t length_ = 0;
-  uint32_t capacity_ = 0;  // 0 while the heap is not used
+  char* data_ = nullptr;  // null: absent; else `inline_` or a heap block of `capacity_` bytes
+  size_t length_ = 0;
+  size_t capacity_ = 0;  // 0 while the heap is not used
   char inline_[kInlineBytes];
 };
 

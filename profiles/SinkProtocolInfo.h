@@ -4,9 +4,10 @@
 #include "TarqDmrMediaProfile.h"
 #include "VondString.h"
 
-// Builds the SinkProtocolInfo text (ConnectionManager:1, 2.2.2) of the visible media profiles: first the
-// entries of the DLNA profiles, each with its vendor or ARIB counterpart merged in, then all others. Never
-// null. The text belongs to the builder and stays valid until the next call: one caller at a time.
+// Builds the SinkProtocolInfo string of the visible media profiles: first the entries of the DLNA profiles,
+// each with its vendor or ARIB counterpart merged in, then all others. Returns: never null; valid until the
+// next call. Ownership: the builder keeps the string. Threads: one caller at a time. Source:
+// ConnectionManager:1, 2.2.2.
 const char* TarqDmrMediaProfile_GetProtocolInfo();
 
 // The counterpart that is advertised in one entry with `row`, searched among the rows that `it` has still to

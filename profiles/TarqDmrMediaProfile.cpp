@@ -8,12 +8,12 @@
 
 namespace {
 
-// Offered in every region, whatever the mask: the AVI and Xvid family, with whatever follows in the name.
+// Offered in every region, whatever the mask: the AVI and Xvid family, compared over the length of the
+// prefix.
 constexpr std::string_view kEverywherePrefixes[] = {"video/avi", "video/x-msvideo", "video/x-avi",
                                                     "video/x-xvid"};
 
-// RealMedia: offered where the region is this one exactly; having the bit set beside others is not enough.
-constexpr int kRealMediaRegion = 16;
+// Offered in the RealMedia region only.
 constexpr std::string_view kRealMediaTypes[] = {
     "application/octet-stream",     "video/x-pn-realmedia",   "application/vnd.rn-realmedia-vbr",
     "application/vnd.rn-realmedia", "video/vnd.rn-realvideo",
@@ -25,7 +25,7 @@ int currentRegion() {
 }
 
 bool isVisible(const TarqDmrMediaProfile& row, int region) {
-  if ((static_cast<uint32_t>(region) & row.regionMask) != 0) return true;
+  if (sharesBit(region, row.regionMask)) return true;
   const std::string_view profile = row.profile;
   if (std::ranges::any_of(kEverywherePrefixes, [&](auto prefix) { return profile.starts_with(prefix); })) {
     return true;

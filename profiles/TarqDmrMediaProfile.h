@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-// One playable format: a DLNA-style profile, or a bare MIME type. All texts are constants of the library.
+// One playable format: a DLNA-style profile, or a bare MIME type. All strings are constants of the library.
 struct TarqDmrMediaProfile {
   const char* pnName;   // the fourth-field parameter that carries the profile name; null: a bare MIME type
   const char* profile;  // the profile name, or the MIME type

@@ -7,6 +7,7 @@
 #include <new>
 
 #include "CheckRules.h"
+#include "FourthField.h"
 #include "TarqCdsAccess.h"
 #include "TarqDlnaResMetadata.h"
 #include "TarqDlnaResSelection.h"
@@ -41,7 +42,7 @@ const char* orEmpty(const char* text) { return text == nullptr ? "" : text; }
 // The seek operations that a fourth field declares; empty when it declares none.
 void readOperation(const char* fourthField, VondString& operation) {
   const VondPI4thField parameters(fourthField);
-  operation = orEmpty(parameters.IsValid() ? parameters.GetParameter("DLNA.ORG_OP") : nullptr);
+  operation = orEmpty(parameters.IsValid() ? parameters.GetParameter(kOperations) : nullptr);
 }
 
 }  // namespace
@@ -76,7 +77,7 @@ int TarqResourceChecker::acceptQuickly(const char* uri, const char* mimeType) {
 int TarqResourceChecker::checkFully(const char* uri, const char* metadata, const char* host,
                                     bool homeNetwork) {
   TarqResource resource = workingValues();
-  xMraCategory category = kUnknown;
+  xMraCategory category = kCategoryUnknown;
   const bool chosen = selectResource(metadata, resource, category) == 0;
   if (!chosen) resource.uri = uri;
 
@@ -118,7 +119,7 @@ void TarqResourceChecker::Cancel() {
   if (client_ != nullptr) client_->Cancel();
 }
 
-// 0: a `res` element was chosen; 1: none.
+// Returns: 0 when a `res` element was chosen, 1 when none was.
 int TarqResourceChecker::selectResource(const char* metadata, TarqResource& resource,
                                         xMraCategory& category) {
   const std::unique_ptr<TARQ_Result, DestroyResult> result(TARQ_Result_ParseCds(cdsText(metadata)));
@@ -143,7 +144,7 @@ int TarqResourceChecker::selectResource(const char* metadata, TarqResource& reso
   resource.mimeType = record.mimeType;
   resource.additionalInfo = record.fourthField;
   resource.contentFormat = record.format;
-  category = static_cast<xMraCategory>(record.category);
+  category = record.category;
   __android_log_print(ANDROID_LOG_ERROR, kLogTag, "Selected Res [%d][%s][%s][%s][%s]", selected,
                       orNull(resource.uri.c_str()), orNull(resource.mimeType.c_str()),
                       orNull(resource.additionalInfo.c_str()), orNull(resource.contentFormat.c_str()));
@@ -154,9 +155,9 @@ int TarqResourceChecker::selectResource(const char* metadata, TarqResource& reso
   return 0;
 }
 
-// Asks the server of `uri`; 0 when the request was sent, whatever came of it.
-int TarqResourceChecker::ask(const char* uri, int transferMode, VondHspDlnaResponse& response,
-                             int& clientError) {
+// Asks the server and returns what its answer means. `response` is the answer when that is kAccepted.
+TarqCheckResult TarqResourceChecker::ask(const char* uri, MediaCategory category,
+                                         VondHspDlnaResponse& response) {
   {
     const Lock lock(mutex_);
     if (cancelled_) return kCancelled;
@@ -165,33 +166,35 @@ int TarqResourceChecker::ask(const char* uri, int transferMode, VondHspDlnaRespo
   }
   VondHspDlnaRequest request;
   request.EnableGetContentFeatures(true);
-  request.SetTransferMode(transferMode);
-  clientError = client_->Head(uri, request, &response);  // unlocked: `Cancel` must reach the waiting client
+  request.SetTransferMode(transferModeOf(category));
+  const int clientError =
+      client_->Head(uri, request, &response);  // unlocked, so that `Cancel` reaches the client
+  const int status = response.GetStatusCode();
   client_->Close();
-  const Lock lock(mutex_);
-  delete client_;
-  client_ = nullptr;
-  return kAccepted;
+  {
+    const Lock lock(mutex_);
+    delete client_;
+    client_ = nullptr;
+  }
+  if (clientError != 0) {
+    __android_log_print(ANDROID_LOG_DEBUG, kLogTag, "\nHTTP HEAD FAILED (%d) %s", clientError, uri);
+  }
+  const TarqCheckResult failed = resultOfClientError(clientError);
+  return failed != kAccepted ? failed : resultOfStatus(status);
 }
 
 int TarqResourceChecker::getResourceHeader(TarqResource& resource, xMraCategory& category) {
   const char* uri = resource.uri.c_str();
   if (!isHttpUri(uri)) return kNotHttp;
   VondHspDlnaResponse response;
-  int clientError = 0;
-  if (const int refused = ask(uri, transferModeOf(category), response, clientError)) return refused;
-
-  if (clientError != 0) {
-    __android_log_print(ANDROID_LOG_DEBUG, kLogTag, "\nHTTP HEAD FAILED (%d) %s", clientError, uri);
-  }
-  if (const int failed = resultOfClientError(clientError)) return failed;
-  if (const int refused = resultOfStatus(response.GetStatusCode())) return refused;
+  const TarqCheckResult result = ask(uri, category, response);
+  if (result != kAccepted) return result;
   if (response.GetContentType() != nullptr) resource.mimeType = response.GetContentType();
   resource.additionalInfo = orEmpty(response.GetContentFeatures());
   return kAccepted;
 }
 
-// The format group by the server's answer: 0 found, 1 not found.
+// Looks up the format group by the server's answer. Returns: 0 found, 1 not found.
 int TarqResourceChecker::getContentFormat(const TarqResource& resource) {
   const char* mimeType = resource.mimeType.c_str();
   if (mimeType == nullptr || !VondMimeType(mimeType).IsValid()) return 1;

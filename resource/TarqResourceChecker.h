@@ -1,19 +1,20 @@
 #ifndef TARQ_RESOURCE_CHECKER_H_
 #define TARQ_RESOURCE_CHECKER_H_
 
+#include "MediaCategory.h"
 #include "TarqResourceCheckerInterface.h"
 #include "VondHspClient.h"
 #include "VondMutex.h"
 #include "VondString.h"
 
-// Decides whether a URI with its metadata can be played, and what exactly to play of it: from the texts alone
-// for Internet and streaming content, by a res selection and a HEAD request for content on the home network.
-// Threads: `Cancel` from any thread at any time; everything else from one. The mutex guards `client` and
-// `cancelled` and nothing else; it is never held while the server is being asked. Owns: all its texts, but
-// for the URI of a quick acceptance, which stays the caller's.
+// Decides whether a URI with its metadata can be played, and what exactly to play of it: from the strings
+// alone for Internet and streaming content, by a res selection and a HEAD request for content on the home
+// network. Ownership: all its strings, except the URI of a quick acceptance, which stays the caller's.
+// Threads: `Cancel` from any thread while the checker exists; everything else from one. The mutex guards
+//   `client_` and `cancelled_` only; it is never held while the server is being asked.
 class TarqResourceChecker final : public TarqResourceCheckerInterface {
  public:
-  enum xMraCategory { kPhoto = 0, kMusic = 1, kVideo = 2, kUnknown = 3 };
+  using xMraCategory = MediaCategory;
 
   explicit TarqResourceChecker(int region) : region_(region) {}
   ~TarqResourceChecker() override;
@@ -39,9 +40,9 @@ class TarqResourceChecker final : public TarqResourceCheckerInterface {
     VondString*& ownedFormat;
   };
 
-  // The texts of the last accepted full check. Copies: a later check that is refused overwrites the working
-  // values.
-  struct Texts {
+  // The strings of the last accepted full check. They are copies: a later check that is refused overwrites
+  // the working values.
+  struct Published {
     VondString uri;
     VondString mimeType;
     VondString additionalInfo;
@@ -56,7 +57,7 @@ class TarqResourceChecker final : public TarqResourceCheckerInterface {
   int checkFully(const char* uri, const char* metadata, const char* host, bool homeNetwork);
   int publish(const TarqResource& resource);
 
-  int ask(const char* uri, int transferMode, VondHspDlnaResponse& response, int& clientError);
+  TarqCheckResult ask(const char* uri, MediaCategory category, VondHspDlnaResponse& response);
   int selectResource(const char* metadata, TarqResource& resource, xMraCategory& category);
   int getResourceHeader(TarqResource& resource, xMraCategory& category);
   int getContentFormat(const TarqResource& resource);
@@ -76,8 +77,8 @@ class TarqResourceChecker final : public TarqResourceCheckerInterface {
   VondString reserved_;
   VondString operation_;
 
-  Texts published_;
-  TarqResourceInfo result_{};          // the result texts, null until a check sets them
+  Published published_;
+  TarqResourceInfo result_{};          // its strings are null until a check sets them
   VondString* ownedFormat_ = nullptr;  // the copy that `GetResource` hands out
 };
 

@@ -12,8 +12,8 @@
 namespace {
 
 struct CategoryOf {
-  const char* text;
-  int category;
+  const char* name;
+  MediaCategory category;
 };
 
 constexpr auto kMimePatterns = std::to_array<CategoryOf>({
@@ -48,24 +48,24 @@ constexpr auto kExtensions = std::to_array<CategoryOf>({
     {"rm", kCategoryVideo},   {"rmv", kCategoryVideo},  {"xvid", kCategoryVideo},
 });
 
-// The category of the first row whose text `matches`.
+// The category of the first row whose name `matches`.
 template <class Table, class Matches>
-int firstMatch(const Table& table, Matches matches) {
+MediaCategory firstMatch(const Table& table, Matches matches) {
   const auto row =
-      std::ranges::find_if(table, [&](const CategoryOf& candidate) { return matches(candidate.text); });
-  return row == table.end() ? static_cast<int>(kCategoryUnknown) : row->category;
+      std::ranges::find_if(table, [&](const CategoryOf& candidate) { return matches(candidate.name); });
+  return row == table.end() ? kCategoryUnknown : row->category;
 }
 
-int categoryOfMimeType(const char* mimeType) {
+MediaCategory categoryOfMimeType(const char* mimeType) {
   const VondMimeType type(mimeType);
   if (!type.IsValid()) return kCategoryUnknown;
   return firstMatch(kMimePatterns, [&](const char* pattern) { return type.Match(pattern); });
 }
 
-int categoryOfProfile(const char* dlnaPn) {
+MediaCategory categoryOfProfile(const char* dlnaPn) {
   if (dlnaPn == nullptr) return kCategoryUnknown;
   const std::string_view profile = dlnaPn;
-  const int category = firstMatch(kProfileNames, [&](const char* name) { return profile == name; });
+  const MediaCategory category = firstMatch(kProfileNames, [&](const char* name) { return profile == name; });
   if (category != kCategoryUnknown) return category;
   if (std::ranges::any_of(kMusicProfileBeginnings, [&](auto* name) { return profile.starts_with(name); })) {
     return kCategoryMusic;
@@ -75,21 +75,30 @@ int categoryOfProfile(const char* dlnaPn) {
   return video ? kCategoryVideo : kCategoryUnknown;
 }
 
+MediaCategory categoryOfExtension(const char* extension) {
+  return firstMatch(kExtensions, [&](const char* name) { return equalsIgnoringCase(extension, name); });
+}
+
+struct Categorised {
+  MediaCategory category;
+  CategoryStage by;
+};
+
+// Each stage decides only what the stages before it left open.
+Categorised categorise(const char* mimeType, const char* extension, const char* dlnaPn) {
+  MediaCategory category = categoryOfMimeType(mimeType);
+  if (category != kCategoryUnknown) return {category, CategoryStage::kMimeType};
+  category = categoryOfProfile(dlnaPn);
+  if (category != kCategoryUnknown) return {category, CategoryStage::kProfileName};
+  category = categoryOfExtension(extension);
+  return {category, category == kCategoryUnknown ? CategoryStage::kNone : CategoryStage::kExtension};
+}
+
 }  // namespace
 
-int TarqDlnaResSelection::selectMediaCategory(const char* mimeType, const char* extension, const char* dlnaPn,
-                                              CategoryStage* stage) const {
-  CategoryStage decided = CategoryStage::kMimeType;
-  int category = categoryOfMimeType(mimeType);
-  if (category == kCategoryUnknown) {
-    decided = CategoryStage::kProfileName;
-    category = categoryOfProfile(dlnaPn);
-  }
-  if (category == kCategoryUnknown) {
-    decided = CategoryStage::kExtension;
-    category =
-        firstMatch(kExtensions, [&](const char* wanted) { return equalsIgnoringCase(extension, wanted); });
-  }
-  if (stage != nullptr) *stage = category == kCategoryUnknown ? CategoryStage::kNone : decided;
-  return category;
+MediaCategory TarqDlnaResSelection::selectMediaCategory(const char* mimeType, const char* extension,
+                                                        const char* dlnaPn, CategoryStage* stage) const {
+  const Categorised result = categorise(mimeType, extension, dlnaPn);
+  if (stage != nullptr) *stage = result.by;
+  return result.category;
 }

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "FourthField.h"
 #include "ResolutionProxy.h"
 #include "VondNameValueList.h"
 
@@ -20,15 +21,15 @@ PictureSize sizeOf(int32_t width, int32_t height) {
 
 }  // namespace
 
-int bestPrimary(int count, const ResScore* scores) {
+int bestPrimary(int count, const TarqDlnaResMetadata* records) {
   BestScore best;
-  for (int i = 0; i < count; ++i) best.offer(i, scores[i].primary.total());
+  best.offerAll(count, records, &ResScore::primary);
   return best.index;
 }
 
-PictureSize measurePicture(const VondString& resolution) {
-  if (resolution.c_str() == nullptr) return {};
-  resolutionProxy proxy{resolution.c_str(), nullptr};
+PictureSize measurePicture(const char* resolution) {
+  if (resolution == nullptr) return {};
+  resolutionProxy proxy{resolution, nullptr};
   const PictureSize size = sizeOf(proxy.GetWidth(), proxy.GetHeight());
   TARQ_Resolution_Destroy(proxy.parsed);
   return size;
@@ -45,9 +46,9 @@ void NearestFullHd::offer(int candidate, const PictureSize& size) {
   }
 }
 
-bool declaresByteSeek(const char* fourthField) {
-  const VondPI4thField parameters(fourthField);
-  const char* operations = parameters.IsValid() ? parameters.GetParameter("DLNA.ORG_OP") : nullptr;
+bool declaresByteSeek(const VondString& fourthField) {
+  const VondPI4thField parameters(fourthField.c_str());
+  const char* operations = parameters.IsValid() ? parameters.GetParameter(kOperations) : nullptr;
   if (operations == nullptr) return false;
   const std::string_view value = operations;
   return std::string_view("01").starts_with(value) || std::string_view("11").starts_with(value);

@@ -3,32 +3,35 @@
 
 #include <cstdint>
 
+#include "ResDecisions.h"
 #include "VondString.h"
 
-// The media category of a `res` element, and the media kind of a whole object.
-enum : int32_t {
-  kCategoryPhoto = 0,
-  kCategoryMusic = 1,
-  kCategoryVideo = 2,
-  kCategoryUnknown = 3,
-};
-
-// What a selection knows of one `res` element. Record i of an array describes `res` element i of the object.
-// Every text is absent until it is read; texts stand as the server wrote them, in its case.
-// Texts that need not be cut are not copied: they refer to the document, which must outlive the record, or to
-// constants.
+// What a selection knows of one `res` element. Record i of an array describes element i of the object.
+// Null: a string is absent until it is read. Strings stay in the case in which the server wrote them.
+// Ownership: the record owns its `VondString`s; `resolution` belongs to the document and `format` is a
+// constant.
 struct TarqDlnaResMetadata {
-  VondString mimeType;     // content format; for link-protected content what its CONTENTFORMAT parameter says
-  VondString fourthField;  // whole
-  VondString format;       // written by the contests: what the renderer would play it as
-  VondString dlnaPn;       // DLNA.ORG_PN, ORSA.COM_PN and ARIB.OR.JP_PN of the fourth field
+  VondString mimeType;           // the content format; of link-protected content its CONTENTFORMAT parameter
+  VondString fourthField;        // whole
+  const char* format = nullptr;  // written by the contests: what the renderer would play it as
+  VondString dlnaPn;             // the three profile names of the fourth field
   VondString orsaPn;
   VondString aribPn;
-  VondString extension;   // of the URL's last path segment
-  VondString resolution;  // read for photos and videos only
-  int32_t category = kCategoryUnknown;
+  VondString extension;              // of the last path segment of the URL
+  const char* resolution = nullptr;  // read for photos and videos only
+  MediaCategory category = kCategoryUnknown;
   bool notConverted = false;  // DLNA.ORG_CI is missing or "0"
   int32_t mpfEntries = 0;     // pictures in a multi-picture file; read for photos only
+
+  // What was decided about it.
+  ResSkip skip = ResSkip::kNone;
+  bool mimeTypeWrapped = false;  // `mimeType` is a CONTENTFORMAT parameter
+  CategoryStage categoryBy = CategoryStage::kNone;
+  ResScore score;
+
+  bool hasProfileName() const {
+    return dlnaPn.c_str() != nullptr || orsaPn.c_str() != nullptr || aribPn.c_str() != nullptr;
+  }
 };
 
 #endif  // TARQ_DLNA_RES_METADATA_H_

@@ -2,8 +2,10 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 
-#include "TextMatch.h"
+#include "FourthField.h"
+#include "ResContest.h"
 #include "VideoProfileTables.h"
 #include "VondNameValueList.h"
 #include "VondProtocolInfo.h"
@@ -11,32 +13,58 @@
 namespace {
 
 // Decimal digits as C's atoi reads them, wrapping around instead of overflowing.
-int32_t toInteger(const char* text) {
-  return static_cast<int32_t>(static_cast<uint32_t>(std::strtoll(text, nullptr, 10)));
+int32_t toInteger(const char* string) {
+  return static_cast<int32_t>(static_cast<uint32_t>(std::strtoll(string, nullptr, 10)));
 }
 
 const char* attributeValue(const TARQ_Attributes* attributes, const char* name) {
   return plainText(TARQ_Attributes_GetValue(attributes, cdsText(name)));
 }
 
-// The third protocolInfo field, or what link-protected content wraps into it. False when that does not parse.
-bool readMimeType(const char* contentFormat, VondString& mimeType) {
+// Reads the third protocolInfo field, which wraps the MIME type of link-protected content.
+// Returns: false when it should wrap one but does not parse.
+bool readMimeType(const char* contentFormat, TarqDlnaResMetadata& record) {
   if (contentFormat == nullptr) return true;
-  if (!TarqDlnaResSelection::wrapsMimeType(contentFormat)) {
-    mimeType = contentFormat;
+  if (std::strstr(contentFormat, "CONTENTFORMAT") == nullptr) {
+    record.mimeType = contentFormat;
     return true;
   }
   const VondPI4thField parameters(contentFormat);
   if (!parameters.IsValid()) return false;
-  mimeType = parameters.GetParameter("CONTENTFORMAT");
+  record.mimeType = parameters.GetParameter("CONTENTFORMAT");
+  record.mimeTypeWrapped = true;
   return true;
 }
 
-}  // namespace
-
-bool TarqDlnaResSelection::wrapsMimeType(const char* contentFormat) {
-  return contentFormat != nullptr && std::strstr(contentFormat, "CONTENTFORMAT") != nullptr;
+void readParameters(const VondPI4thField& parameters, TarqDlnaResMetadata& record) {
+  record.dlnaPn = parameters.GetParameter(kDlnaPn);
+  record.orsaPn = parameters.GetParameter(kOrsaPn);
+  record.aribPn = parameters.GetParameter(kAribPn);
+  const char* conversion = parameters.GetParameter(kConversion);
+  record.notConverted = conversion == nullptr || std::strcmp(conversion, "0") == 0;
 }
+
+// The record whose category is the media kind of the object: music and video outrank photos, and between
+// those two the later element decides. Returns: its index, -1 when no record is photo, music or video.
+int kindDecidingRecord(const TarqDlnaResMetadata* records, int count) {
+  int lastPhoto = -1;
+  for (int i = count - 1; i >= 0; --i) {
+    if (records[i].category == kCategoryMusic || records[i].category == kCategoryVideo) return i;
+    if (records[i].category == kCategoryPhoto && lastPhoto == -1) lastPhoto = i;
+  }
+  return lastPhoto;
+}
+
+// What the contest leaves open: why no rule knows a record.
+ResRule finalRule(const TarqDlnaResMetadata& record, MediaCategory kind) {
+  if (record.skip != ResSkip::kNone) return ResRule::kSkipped;
+  if (record.score.rule != ResRule::kUnknown) return record.score.rule;
+  if (record.category != kCategoryUnknown && record.category != kind) return ResRule::kOtherKind;
+  if (record.hasProfileName()) return ResRule::kUnknownProfile;
+  return record.mimeType.c_str() == nullptr ? ResRule::kNoMimeType : ResRule::kUnknownMimeType;
+}
+
+}  // namespace
 
 int TarqDlnaResSelection::getFileExtension(const char* url, VondString& extension) {
   const char* segment = std::strrchr(url, '/');
@@ -44,109 +72,131 @@ int TarqDlnaResSelection::getFileExtension(const char* url, VondString& extensio
   const char* dot = std::strchr(segment, '.');
   const char* begin = dot == nullptr ? "" : dot + 1;
   const char* query = std::strchr(begin, '?');
-  extension.assign(begin, query == nullptr ? std::strlen(begin) : static_cast<size_t>(query - begin));
+  if (query == nullptr) {
+    extension = begin;
+  } else {
+    const std::unique_ptr<char, void (*)(void*)> cut(strndup(begin, static_cast<size_t>(query - begin)),
+                                                     std::free);
+    extension = cut.get();
+  }
   return 0;
 }
 
-// False when the element does not parse; the record may then be half filled.
-bool TarqDlnaResSelection::readRecord(const TARQ_Object* object, unsigned int index,
-                                      TarqDlnaResMetadata& record) {
+// Returns: why the element was skipped; the record may then be half filled.
+ResSkip TarqDlnaResSelection::readRecord(const TARQ_Object* object, unsigned int index,
+                                         TarqDlnaResMetadata& record) {
   const TARQ_Attributes* attributes = TARQ_Object_GetAttributes(object, cdsText("res"), index);
-  if (attributes == nullptr) return false;
-  const char* protocolInfo = attributeValue(attributes, "protocolInfo");
-  if (protocolInfo == nullptr) return false;
+  const char* protocolInfo = attributes == nullptr ? nullptr : attributeValue(attributes, "protocolInfo");
+  if (protocolInfo == nullptr) return ResSkip::kNoProtocolInfo;
+  if (std::strchr(protocolInfo, ':') == nullptr) return ResSkip::kNoColon;
   const char* url = resUrl(object, index);
-  if (url == nullptr) return false;
-  const VondProtocolInfo fields(protocolInfo);  // not valid without a ":"
-  if (!fields.IsValid() || !readMimeType(fields.GetField(3), record.mimeType)) return false;
+  if (url == nullptr) return ResSkip::kNoUrl;
+  const VondProtocolInfo fields(protocolInfo);
+  if (!fields.IsValid()) return ResSkip::kBadProtocolInfo;
+  if (!readMimeType(fields.GetField(3), record)) return ResSkip::kBadContentFormat;
   getFileExtension(url, record.extension);
 
-  const char* fourthField = fields.GetField(4);
-  if (fourthField == nullptr) return true;  // unclassified, yet its MIME type may still win a contest
-  const VondPI4thField parameters(fourthField);
-  if (!parameters.IsValid()) return false;
-  record.fourthField.refer(fourthField);  // the end of the attribute's own text
-  record.dlnaPn = parameters.GetParameter("DLNA.ORG_PN");
-  record.orsaPn = parameters.GetParameter("ORSA.COM_PN");
-  record.aribPn = parameters.GetParameter("ARIB.OR.JP_PN");
-  const char* converted = parameters.GetParameter("DLNA.ORG_CI");
-  record.notConverted = converted == nullptr || std::strcmp(converted, "0") == 0;
+  record.fourthField = fields.GetField(4);
+  if (record.fourthField.c_str() == nullptr) return ResSkip::kNone;  // its MIME type may still win a contest
+  const VondPI4thField parameters(record.fourthField.c_str());
+  if (!parameters.IsValid()) return ResSkip::kBadFourthField;
+  readParameters(parameters, record);
+  classifyMedia(attributes, record);
+  return ResSkip::kNone;
+}
 
-  record.category =
-      selectMediaCategory(record.mimeType.c_str(), record.extension.c_str(), record.dlnaPn.c_str());
+void TarqDlnaResSelection::classifyMedia(const TARQ_Attributes* attributes, TarqDlnaResMetadata& record) {
+  record.category = selectMediaCategory(record.mimeType.c_str(), record.extension.c_str(),
+                                        record.dlnaPn.c_str(), &record.categoryBy);
   if (record.category == kCategoryPhoto || record.category == kCategoryVideo) {
-    record.resolution.refer(attributeValue(attributes, "resolution"));
+    record.resolution = attributeValue(attributes, "resolution");
   }
-  if (record.category == kCategoryPhoto) {
-    const char* entries = attributeValue(attributes, "av:mpfEntries");
-    record.mpfEntries = entries == nullptr ? 0 : toInteger(entries);
-    if (record.mpfEntries >= 2) mpoPresent = true;
-  }
-  return true;
+  if (record.category != kCategoryPhoto) return;
+  const char* entries = attributeValue(attributes, "av:mpfEntries");
+  record.mpfEntries = entries == nullptr ? 0 : toInteger(entries);
+  if (record.mpfEntries >= 2) mpoPresent = true;
 }
 
-int TarqDlnaResSelection::readRecords(const TARQ_Object* object, TarqDlnaResMetadata* records, int count) {
-  int lastClassified = -1;
+void TarqDlnaResSelection::readRecords(const TARQ_Object* object, TarqDlnaResMetadata* records, int count) {
   for (int i = 0; i < count; ++i) {
-    if (!readRecord(object, static_cast<unsigned int>(i), records[i])) {
-      records[i] = TarqDlnaResMetadata();  // what does not parse leaves no trace
-    } else if (records[i].category != kCategoryUnknown) {
-      lastClassified = i;
-    }
+    const ResSkip skip = readRecord(object, static_cast<unsigned int>(i), records[i]);
+    if (skip == ResSkip::kNone) continue;
+    records[i] = TarqDlnaResMetadata();  // what does not parse leaves no trace
+    records[i].skip = skip;
   }
-  return lastClassified;
 }
 
-// Music and video outrank photos; between those two the later element decides.
-int TarqDlnaResSelection::decidingRecord(const TarqDlnaResMetadata* records, int lastClassified) {
-  for (int i = lastClassified; i >= 0; --i) {
-    if (records[i].category == kCategoryMusic || records[i].category == kCategoryVideo) return i;
-  }
-  return lastClassified;
-}
-
-ResContestKind TarqDlnaResSelection::contestFor(const TarqDlnaResMetadata* records, int count,
-                                                int lastClassified, int excludeHls) const {
-  if (lastClassified == -1) return ResContestKind::kNone;
-  switch (records[decidingRecord(records, lastClassified)].category) {
+void TarqDlnaResSelection::decideContest(ResChoice& choice, int count, const TarqDlnaResMetadata* records,
+                                         int excludeHls) const {
+  switch (choice.kind) {
     case kCategoryPhoto:
-      return mpoPresent ? ResContestKind::kMpo : ResContestKind::kPhoto;
+      choice.contest = mpoPresent ? ResContestKind::kMpo : ResContestKind::kPhoto;
+      choice.contestFrom = firstThat(count, records, [](auto& record) { return record.mpfEntries >= 2; });
+      return;
     case kCategoryMusic:
-      return IsWMAContent(count, records) ? ResContestKind::kWma : ResContestKind::kMusic;
-    default:
-      if (IsWMVContent(count, records)) return ResContestKind::kWmv;
-      return excludeHls != 0 && IsM3U8Content(count, records) ? ResContestKind::kHlsRefused
-                                                              : ResContestKind::kVideo;
+      choice.contestFrom = firstWindowsMediaAudio(count, records);
+      choice.contest = choice.contestFrom == -1 ? ResContestKind::kMusic : ResContestKind::kWma;
+      return;
+    case kCategoryVideo: {
+      choice.contestFrom = firstWindowsMediaVideo(count, records);
+      const bool refused = excludeHls != 0 && IsM3U8Content(count, records);
+      choice.contest = choice.contestFrom != -1 ? ResContestKind::kWmv
+                       : refused                ? ResContestKind::kHlsRefused
+                                                : ResContestKind::kVideo;
+      return;
+    }
+    case kCategoryUnknown:
+      choice.contest = ResContestKind::kNone;
+      return;
   }
+}
+
+void TarqDlnaResSelection::holdContest(ResChoice& choice, int count, TarqDlnaResMetadata* records) {
+  switch (choice.contest) {
+    case ResContestKind::kPhoto:
+      choice.winner = selectPhotoResIndex(count, records);
+      return;
+    case ResContestKind::kMpo:
+      choice.winner = selectPhotoResIndex_MPO(count, records);
+      if (choice.winner == -1 || records[choice.winner].score.rule != ResRule::kMultiPicture) {
+        choice.contest = ResContestKind::kPhoto;
+      }
+      return;
+    case ResContestKind::kMusic:
+      choice.winner = selectMusicResIndex(count, records);
+      return;
+    case ResContestKind::kWma:
+      choice.winner = selectMusicResIndex_WMA(count, records);
+      return;
+    case ResContestKind::kVideo:
+      choice.winner = selectVideoResIndex(count, records);
+      return;
+    case ResContestKind::kWmv:
+      choice.winner = selectVideoResIndex_WMV(count, records);
+      return;
+    case ResContestKind::kNone:
+    case ResContestKind::kHlsRefused:
+      return;
+  }
+}
+
+ResChoice TarqDlnaResSelection::choose(const TARQ_Object* object, TarqDlnaResMetadata* records, int count,
+                                       int excludeHls) {
+  if (!profilesMapped) maptheProfiles();
+  readRecords(object, records, count);
+  ResChoice choice;
+  choice.kindFrom = kindDecidingRecord(records, count);
+  if (choice.kindFrom == -1) return choice;
+  choice.kind = records[choice.kindFrom].category;
+  decideContest(choice, count, records, excludeHls);
+  holdContest(choice, count, records);
+  for (int i = 0; i < count; ++i) records[i].score.rule = finalRule(records[i], choice.kind);
+  return choice;
 }
 
 int TarqDlnaResSelection::selectMediaResIndex(const TARQ_Object* object, TarqDlnaResMetadata* records,
                                               int count, int* selected, int excludeHls) {
-  if (!profilesMapped) maptheProfiles();
-  if (count < 1) return 0;
-  const int lastClassified = readRecords(object, records, count);
-  switch (contestFor(records, count, lastClassified, excludeHls)) {
-    case ResContestKind::kPhoto:
-      *selected = selectPhotoResIndex(count, records);
-      break;
-    case ResContestKind::kMpo:
-      *selected = selectPhotoResIndex_MPO(count, records);
-      break;
-    case ResContestKind::kMusic:
-      *selected = selectMusicResIndex(count, records);
-      break;
-    case ResContestKind::kWma:
-      *selected = selectMusicResIndex_WMA(count, records);
-      break;
-    case ResContestKind::kVideo:
-      *selected = selectVideoResIndex(count, records);
-      break;
-    case ResContestKind::kWmv:
-      *selected = selectVideoResIndex_WMV(count, records);
-      break;
-    case ResContestKind::kNone:
-    case ResContestKind::kHlsRefused:
-      break;
-  }
+  const ResChoice choice = choose(object, records, count, excludeHls);
+  if (choice.contestHeld()) *selected = choice.winner;
   return 0;
 }

@@ -2,48 +2,47 @@
 #include <array>
 #include <string_view>
 
-#include "RealMedia.h"
+#include "Region.h"
 #include "TarqDlnaResSelection.h"
 #include "TextMatch.h"
 
-// The format of a video that names no profile: told by MIME type and extension, or by the MIME type alone.
+// The format of a video without a profile name: by MIME type and extension, or by the MIME type alone.
 
 namespace {
 
-constexpr int kIdentified = 200;
-constexpr int kGuessed = 100;
+constexpr const char* kRealMediaFormat = "RMVB";
 
 struct CodecRow {
   uint32_t regionMask;
-  std::string_view mimeType;  // equals; its length tells most of these apart
+  std::string_view mimeType;  // equals
   const char* extension;      // equals, ignoring case
   const char* format;
 };
 
 constexpr auto videoCodecTable = std::to_array<CodecRow>({
-    {0x0F, "video/mpeg", "m2t", "MPEG2_TS"},
-    {0x0F, "video/mpeg", "m2ts", "AVC_TTS"},
-    {0x0F, "video/mpeg", "mts", "AVC_TTS"},
-    {0x0F, "video/mpeg", "mpg", "MPEG_Unknown"},
-    {0x0F, "video/mpeg", "mpe", "MPEG_Unknown"},
-    {0x0F, "video/mpeg", "mpeg", "MPEG_Unknown"},
-    {0x0F, "video/vnd.dlna.mpeg-tts", "tts", "AVC_TTS"},
-    {0x0F, "video/vnd.dlna.mpeg-tts", "m2ts", "AVC_TTS"},
-    {0x0F, "video/vnd.dlna.mpeg-tts", "mts", "AVC_TTS"},
-    {0x0F, "video/mp4", "mp4", "MPEG4"},
-    {0x0F, "video/mp4", "m2ts", "AVC_TTS"},
-    {0x0F, "video/mp4", "mts", "AVC_TTS"},
-    {0x0F, "application/x-mpegURL", "m3u8", "M3U8"},
-    {0x0F, "application/vnd.apple.mpegURL", "m3u8", "M3U8"},
-    {0x0F, "video/3gpp", "3gp", "3GPP"},
-    {0x0F, "video/3gpp2", "3g2", "3GPP"},
-    {0x0F, "video/x-mkv", "mkv", "MKV"},
-    {0x0F, "video/x-matroska", "mkv", "MKV"},
-    {0x0F, "video/webm", "webm", "WebM"},
-    {0x0F, "video/quicktime", "mov", "MOV"},
-    {0x04, "video/vnd.directv.mpeg", "mpeg", "MPEG2_TS"},
-    {0x04, "video/vnd.directv.mpeg-tts", "tts", "MPEG2_TTS"},
-    {0x04, "video/vnd.directv.dss-ts-tts.es.mpeg2", "tts", "MPEG2_TTS"},
+    {kVideoRegions, "video/mpeg", "m2t", "MPEG2_TS"},
+    {kVideoRegions, "video/mpeg", "m2ts", "AVC_TTS"},
+    {kVideoRegions, "video/mpeg", "mts", "AVC_TTS"},
+    {kVideoRegions, "video/mpeg", "mpg", "MPEG_Unknown"},
+    {kVideoRegions, "video/mpeg", "mpe", "MPEG_Unknown"},
+    {kVideoRegions, "video/mpeg", "mpeg", "MPEG_Unknown"},
+    {kVideoRegions, "video/vnd.dlna.mpeg-tts", "tts", "AVC_TTS"},
+    {kVideoRegions, "video/vnd.dlna.mpeg-tts", "m2ts", "AVC_TTS"},
+    {kVideoRegions, "video/vnd.dlna.mpeg-tts", "mts", "AVC_TTS"},
+    {kVideoRegions, "video/mp4", "mp4", "MPEG4"},
+    {kVideoRegions, "video/mp4", "m2ts", "AVC_TTS"},
+    {kVideoRegions, "video/mp4", "mts", "AVC_TTS"},
+    {kVideoRegions, "application/x-mpegURL", "m3u8", "M3U8"},
+    {kVideoRegions, "application/vnd.apple.mpegURL", "m3u8", "M3U8"},
+    {kVideoRegions, "video/3gpp", "3gp", "3GPP"},
+    {kVideoRegions, "video/3gpp2", "3g2", "3GPP"},
+    {kVideoRegions, "video/x-mkv", "mkv", "MKV"},
+    {kVideoRegions, "video/x-matroska", "mkv", "MKV"},
+    {kVideoRegions, "video/webm", "webm", "WebM"},
+    {kVideoRegions, "video/quicktime", "mov", "MOV"},
+    {kSatelliteRegion, "video/vnd.directv.mpeg", "mpeg", "MPEG2_TS"},
+    {kSatelliteRegion, "video/vnd.directv.mpeg-tts", "tts", "MPEG2_TTS"},
+    {kSatelliteRegion, "video/vnd.directv.dss-ts-tts.es.mpeg2", "tts", "MPEG2_TTS"},
 });
 static_assert(videoCodecTable.size() == 23);
 
@@ -71,29 +70,29 @@ struct MimeAlone {
   MimeMatch matches;
   std::string_view mimeType;
   const char* format;
-  int weight;
+  ResRule rule = ResRule::kMimeAlone;
 };
 constexpr MimeAlone kMimeTypes[] = {
-    {kEquals, "video/x-mp2t-mphl-188", "MPEG2_TS", kIdentified},
-    {kEquals, "video/mpeg", "MPEG_Unknown", kIdentified},
-    {kEquals, "video/vnd.dlna.mpeg-tts", "AVC_TTS", kIdentified},
-    {kEquals, "video/mp4", "MPEG4", kGuessed},
-    {kBegins, "video/x-ms-wmv", "WMV", kGuessed},
-    {kBegins, "video/x-ms-asf", "WMV", kGuessed},
-    {kBegins, "video/3gpp", "3GPP", kIdentified},
-    {kBegins, "video/x-mkv", "MKV", kIdentified},
-    {kBegins, "video/x-matroska", "MKV", kIdentified},
-    {kBegins, "video/webm", "WebM", kIdentified},
-    {kBegins, "video/quicktime", "MOV", kIdentified},
-    {kBegins, "video/vnd.directv.mpeg-tts", "MPEG2_TTS", kIdentified},
-    {kBegins, "video/vnd.directv.dss-ts-tts.es.mpeg2", "MPEG2_TTS", kIdentified},
-    {kBegins, "video/vnd.directv.mpeg", "MPEG2_TS", kIdentified},
-    {kBegins, "application/x-mpegURL", "M3U8", kIdentified},
-    {kBegins, "application/vnd.apple.mpegURL", "M3U8", kIdentified},
-    {kEquals, "video/avi", "AVI_Unknown", kIdentified},
-    {kBegins, "video/x-msvideo", "AVI_Unknown", kIdentified},
-    {kBegins, "video/x-avi", "AVI_Unknown", kIdentified},
-    {kBegins, "video/x-xvid", "Xvid", kIdentified},
+    {kEquals, "video/x-mp2t-mphl-188", "MPEG2_TS"},
+    {kEquals, "video/mpeg", "MPEG_Unknown"},
+    {kEquals, "video/vnd.dlna.mpeg-tts", "AVC_TTS"},
+    {kEquals, "video/mp4", "MPEG4", ResRule::kMimeGuess},
+    {kBegins, "video/x-ms-wmv", "WMV", ResRule::kMimeGuess},
+    {kBegins, "video/x-ms-asf", "WMV", ResRule::kMimeGuess},
+    {kBegins, "video/3gpp", "3GPP"},
+    {kBegins, "video/x-mkv", "MKV"},
+    {kBegins, "video/x-matroska", "MKV"},
+    {kBegins, "video/webm", "WebM"},
+    {kBegins, "video/quicktime", "MOV"},
+    {kBegins, "video/vnd.directv.mpeg-tts", "MPEG2_TTS"},
+    {kBegins, "video/vnd.directv.dss-ts-tts.es.mpeg2", "MPEG2_TTS"},
+    {kBegins, "video/vnd.directv.mpeg", "MPEG2_TS"},
+    {kBegins, "application/x-mpegURL", "M3U8"},
+    {kBegins, "application/vnd.apple.mpegURL", "M3U8"},
+    {kEquals, "video/avi", "AVI_Unknown"},
+    {kBegins, "video/x-msvideo", "AVI_Unknown"},
+    {kBegins, "video/x-avi", "AVI_Unknown"},
+    {kBegins, "video/x-xvid", "Xvid"},
 };
 
 constexpr std::string_view kRealMediaTypes[] = {"video/x-pn-realmedia", "application/vnd.rn-realmedia-vbr",
@@ -111,7 +110,7 @@ bool isRealMediaFile(std::string_view mime, const char* extension) {
 
 const char* formatByExtension(int32_t region, std::string_view mime, const char* extension) {
   for (const CodecRow& row : videoCodecTable) {
-    if ((static_cast<uint32_t>(region) & row.regionMask) != 0 && mime == row.mimeType &&
+    if (sharesBit(region, row.regionMask) && mime == row.mimeType &&
         equalsIgnoringCase(extension, row.extension)) {
       return row.format;
     }
@@ -123,26 +122,31 @@ const char* formatByExtension(int32_t region, std::string_view mime, const char*
   return region == kRealMediaRegion && isRealMediaFile(mime, extension) ? kRealMediaFormat : nullptr;
 }
 
-}  // namespace
+struct CodecFormat {
+  const char* format;  // null: unknown
+  ResRule rule;
+};
 
-const char* TarqDlnaResSelection::getVideoCodecFormat(const char* mime, const char* extension,
-                                                      int* weight) const {
-  if (mime == nullptr) return nullptr;
-  const std::string_view type = mime;
+CodecFormat findFormat(int32_t region, std::string_view mime, const char* extension) {
   if (extension != nullptr) {
-    if (const char* format = formatByExtension(region, type, extension)) {
-      *weight = kIdentified;
-      return format;
-    }
+    const char* format = formatByExtension(region, mime, extension);
+    if (format != nullptr) return {format, ResRule::kMimeAndExtension};
   }
   for (const MimeAlone& test : kMimeTypes) {
-    if (!test.matches(type, test.mimeType)) continue;
-    *weight = test.weight;
-    return test.format;
+    if (test.matches(mime, test.mimeType)) return {test.format, test.rule};
   }
-  if (region == kRealMediaRegion && isRealMediaType(type)) {
-    *weight = kIdentified;
-    return kRealMediaFormat;
-  }
-  return nullptr;
+  const bool realMedia = region == kRealMediaRegion && isRealMediaType(mime);
+  return {realMedia ? kRealMediaFormat : nullptr, ResRule::kMimeAlone};
+}
+
+}  // namespace
+
+const char* TarqDlnaResSelection::getVideoCodecFormat(const char* mime, const char* extension, int* weight,
+                                                      ResRule* rule) const {
+  if (mime == nullptr) return nullptr;
+  const CodecFormat found = findFormat(region, mime, extension);
+  if (found.format == nullptr) return nullptr;
+  *weight = found.rule == ResRule::kMimeGuess ? kWeakFormatPoints : kKnownFormatPoints;
+  if (rule != nullptr) *rule = found.rule;
+  return found.format;
 }

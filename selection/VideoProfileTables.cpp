@@ -8,9 +8,8 @@ bool profilesMapped = false;
 
 void TarqDlnaResSelection::maptheProfiles() {
   int number = 0;
-  for (const VideoProfileRow& row : videoProfileTable)
-    profileMap.put({row.profile.data(), row.profile.size()}, ++number);
+  for (const VideoProfileRow& row : videoProfileTable) profileMap.put(row.profile.data(), ++number);
   int position = 0;
-  for (const char* mimeType : videoMimeTypes) mimeMap.put(mimeType, ++position);
+  for (const VideoMimeRow& row : videoMimeTypes) mimeMap.put(row.mimeType, ++position);
   profilesMapped = true;
 }

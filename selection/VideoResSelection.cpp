@@ -1,56 +1,17 @@
 #include <algorithm>
-#include <array>
 #include <string_view>
+#include <utility>
 
-#include "RealMedia.h"
+#include "ResContest.h"
 #include "TarqDlnaResSelection.h"
 #include "TextMatch.h"
 #include "VideoProfileTables.h"
 
 namespace {
 
-constexpr PictureContest kVideoContest = {.firstPosition = 1000, .tooLarge = -3000};
-constexpr int32_t kKnownFormatPoints = 200;
-
-// What a MIME type is worth beside a profile name that nobody knows, by its position in `videoMimeTypes`.
-// An extension of "" passes an empty one; an absent extension passes nothing.
-struct MimeRule {
-  int position;
-  std::string_view format;
-  std::array<const char*, 4> extensions;  // filled up with null
-  bool anyExtension = false;              // even an absent one
-  bool realMedia = false;                 // only in the region that plays RealMedia
-};
-constexpr auto kMimeRules = std::to_array<MimeRule>({
-    {1, "AVC_TTS", {"m2ts", "mts"}},
-    {2, "AVC_TTS", {"m2ts", "mts", "tts"}},
-    {3, "MPEG4", {}, true},
-    // 4 and 5, the playlists, never pass.
-    {6, "3GPP", {"3gp", "3g2", ""}},
-    {7, "3GPP", {"3gp", "3g2", ""}},
-    {8, "MKV", {"mkv", ""}},
-    {9, "MKV", {"mkv", ""}},
-    {10, "WebM", {"webm", ""}},
-    {11, "MOV", {"mov", ""}},
-    {12, kRealMediaFormat, {"rmvb", "rm"}, false, true},
-    {13, kRealMediaFormat, {"rmvb", "rm", "rmv", ""}, false, true},
-    {14, kRealMediaFormat, {"rmvb", "rm", "rmv", ""}, false, true},
-    {15, kRealMediaFormat, {"rmvb", "rm", "rmv", ""}, false, true},
-    {16, kRealMediaFormat, {"rmvb", "rm", "rmv", ""}, false, true},
-    {17, "AVI_Unknown", {"avi", ""}},
-    {18, "AVI_Unknown", {"avi"}},
-    {19, "AVI_Unknown", {"avi"}},
-    {20, "Xvid", {"xvid", ""}},
-});
-
-// These three are one chain: a MIME type passes its own rule and then those of the types after it, and earns
-// points for each, so that "video/x-msvideo" with "avi" earns them twice.
-constexpr int kChainFirst = 18;
-constexpr int kChainLast = 20;
-
-bool passes(const MimeRule& rule, const char* extension, int32_t region) {
-  if (rule.realMedia && region != kRealMediaRegion) return false;
-  return rule.anyExtension || std::ranges::any_of(rule.extensions, [&](const char* wanted) {
+bool passes(const VideoMimeRow& row, const char* extension, int32_t region) {
+  if (row.format == nullptr || (row.realMedia && region != kRealMediaRegion)) return false;
+  return row.anyExtension || std::ranges::any_of(row.extensions, [&](const char* wanted) {
            return wanted != nullptr && equalsIgnoringCase(extension, wanted);
          });
 }
@@ -63,63 +24,57 @@ const VondString& profileName(const TarqDlnaResMetadata& record) {
 
 }  // namespace
 
-bool TarqDlnaResSelection::classifyVideo(TarqDlnaResMetadata& record, ResScore& score) const {
-  const VondString& name = profileName(record);
-  if (name.c_str() == nullptr) {
-    score.primary.format = classifyByCodec(record, score.rule);
+bool TarqDlnaResSelection::classifyVideo(TarqDlnaResMetadata& record) const {
+  ResScore& score = record.score;
+  if (!record.hasProfileName()) {
+    score.primary.format = classifyByCodec(record);
     return score.primary.format != 0;
   }
-  const int number = std::as_const(profileMap).get(name);
-  if (number < 1) return classifyByMimeRule(record, score);
+  const int number = std::as_const(profileMap).get(profileName(record));
+  if (number < 1) return classifyByMimeRow(record);
   const VideoProfileRow& row = videoProfileTable[static_cast<size_t>(number - 1)];
-  if (!row.appliesIn(region)) {  // its MIME type does not save it
+  if (!sharesBit(region, row.regionMask)) {  // its MIME type does not save it
     score.rule = ResRule::kProfileNotInRegion;
     return false;
   }
-  record.format.refer(row.format);
+  record.format = row.format;
   score.rule = ResRule::kProfile;
   score.primary.format = kKnownFormatPoints;
   return true;
 }
 
-// By MIME type and extension: the weight of the format, or 0 when there is none.
-int32_t TarqDlnaResSelection::classifyByCodec(TarqDlnaResMetadata& record, ResRule& rule) const {
+// By MIME type and extension. Returns: the points of the format, or 0 when there is none.
+int32_t TarqDlnaResSelection::classifyByCodec(TarqDlnaResMetadata& record) const {
   int weight = 0;
-  const char* format = getVideoCodecFormat(record.mimeType.c_str(), record.extension.c_str(), &weight);
-  if (format == nullptr) return 0;
-  record.format.refer(format);
-  rule = weight == kKnownFormatPoints ? ResRule::kMimeAndExtension : ResRule::kMimeGuess;
+  const char* format =
+      getVideoCodecFormat(record.mimeType.c_str(), record.extension.c_str(), &weight, &record.score.rule);
+  if (format != nullptr) record.format = format;
   return weight;
 }
 
-bool TarqDlnaResSelection::classifyByMimeRule(TarqDlnaResMetadata& record, ResScore& score) const {
+bool TarqDlnaResSelection::classifyByMimeRow(TarqDlnaResMetadata& record) const {
   const int position = std::as_const(mimeMap).get(record.mimeType);
-  const int last = position >= kChainFirst && position <= kChainLast ? kChainLast : position;
-  for (const MimeRule& rule : kMimeRules) {
-    if (rule.position < position || rule.position > last) continue;
-    if (!passes(rule, record.extension.c_str(), region)) continue;
-    record.format.refer(rule.format);
-    score.rule = ResRule::kUnknownProfileMime;
-    score.primary.format += kKnownFormatPoints;
+  if (position < 1) return false;
+  ResScore& score = record.score;
+  for (const VideoMimeRow* row = &videoMimeTypes[static_cast<size_t>(position - 1)];; ++row) {
+    if (passes(*row, record.extension.c_str(), region)) {
+      record.format = row->format;
+      score.rule = ResRule::kUnknownProfileMime;
+      score.primary.format += kKnownFormatPoints;
+    }
+    if (!row->chained) return score.primary.format != 0;
   }
-  return score.primary.format != 0;
 }
 
 int TarqDlnaResSelection::selectVideoResIndex(int count, TarqDlnaResMetadata* records) {
-  const auto scores = newScores(count);
-  return scores == nullptr ? -1 : selectVideoResIndex(count, records, scores.get());
-}
-
-int TarqDlnaResSelection::selectVideoResIndex(int count, TarqDlnaResMetadata* records,
-                                              ResScore* scores) const {
-  return runPictureContest(
-      kVideoContest, count, records, scores,
-      [this](TarqDlnaResMetadata& record, ResScore& score) { return classifyVideo(record, score); });
+  return runPictureContest(kVideoPoints, count, records,
+                           [this](TarqDlnaResMetadata& record) { return classifyVideo(record); });
 }
 
 bool TarqDlnaResSelection::IsM3U8Content(int count, const TarqDlnaResMetadata* records) const {
-  return std::any_of(records, records + std::max(count, 0), [](const TarqDlnaResMetadata& record) {
-    return record.notConverted && (beginsWith(record.mimeType, "application/x-mpegURL") ||
-                                   beginsWith(record.mimeType, "application/vnd.apple.mpegURL"));
-  });
+  return firstThat(count, records, [](const TarqDlnaResMetadata& record) {
+           const std::string_view mimeType = viewOf(record.mimeType);
+           return record.notConverted && (mimeType.starts_with("application/x-mpegURL") ||
+                                          mimeType.starts_with("application/vnd.apple.mpegURL"));
+         }) != -1;
 }

@@ -9,8 +9,9 @@
 #include "VondCollection.h"
 
 // An insertion-ordered list and a map on top of it: contiguous storage, linear search. Made for small tables
-// that are filled once, by an owner that reserves their size. Threads: no locking. Once filled, any number of
-// threads may read. Failure: false (or -1) as each operation says; nothing throws, nothing logs.
+// that are filled once, by an owner that reserves their size.
+// Errors: false (or -1) as each operation says; nothing throws, nothing logs.
+// Threads: no locking. Once filled, any number of threads may read.
 
 template <class T>
 class VondArrayListT;
@@ -41,8 +42,9 @@ class VondArrayListT : public VondCollectionT<T> {
   VondArrayListT& operator=(const VondArrayListT&) = delete;
 
   bool add(const T& e) override {
+    T copy(e);  // before the storage grows: `e` may be an entry of this list
     if (size_ >= capacity_ && !growCapacity(capacity_ + 1)) return false;
-    new (data_ + size_) T(e);
+    new (data_ + size_) T(std::move(copy));
     ++size_;
     return true;
   }
@@ -60,7 +62,7 @@ class VondArrayListT : public VondCollectionT<T> {
     return new (std::nothrow) VondArrayListIteratorT<T>(this);
   }
 
-  // Copies entry `index` into `*out`; false when there is none or `out` is null.
+  // Copies entry `index` into `*out`; false when there is no such entry or `out` is null.
   virtual bool get(int index, T* out) const {
     if (index < 0 || index >= size_ || out == nullptr) return false;
     if (out != &data_[index]) *out = data_[index];
@@ -79,6 +81,7 @@ class VondArrayListT : public VondCollectionT<T> {
   // Removes `n` entries from `index` on; the caller keeps them within the list.
   bool removeAt(int index, int n) {
     if (index < 0 || index >= size_) return false;
+    if (n <= 0) return true;
     for (int i = index + n - 1; i >= index; --i) data_[i].~T();
     for (int i = index + n; i < size_; ++i) relocate(data_ + i, data_ + i - n);
     size_ -= n;
@@ -143,7 +146,7 @@ class VondArrayMapT {
     value = &list_.get(position).value;
     return true;
   }
-  // The value under `key`, or one that reads as V() and is no entry: nobody writes through it.
+  // The value under `key`, or a value that reads as V() and is not an entry: nobody writes through it.
   virtual V& get(const K& key) {
     static V missing{};
     const int position = positionOf(key);
@@ -171,10 +174,8 @@ class VondArrayMapT {
 
  private:
   int positionOf(const K& key) const {
-    const int count = list_.size();
-    const VondMapEntryT<K, V>* entries = count == 0 ? nullptr : &list_.get(0);
-    for (int i = 0; i < count; ++i) {
-      if (entries[i].key == key) return i;
+    for (int i = 0; i < list_.size(); ++i) {
+      if (list_.get(i).key == key) return i;
     }
     return -1;
   }

@@ -1,5 +1,7 @@
 #include <algorithm>
+#include <string_view>
 
+#include "ResContest.h"
 #include "TarqDlnaResSelection.h"
 #include "TextMatch.h"
 #include "VideoProfileTables.h"
@@ -9,15 +11,11 @@
 
 namespace {
 
-constexpr int32_t kFirstPosition = 1000;
-constexpr int32_t kTooLargePoints = -3000;
-constexpr int32_t kPrimaryPoints = 200;
-constexpr int32_t kSecondaryPoints = 100;
-
 template <class Table>
 const VideoProfileRow* findByPrefix(const Table& table, int32_t region, const TarqDlnaResMetadata& record) {
   const auto row = std::ranges::find_if(table, [&](const VideoProfileRow& candidate) {
-    return candidate.appliesIn(region) && beginsWith(record.*candidate.keyedOn, candidate.profile);
+    return sharesBit(region, candidate.regionMask) &&
+           viewOf(record.*candidate.keyedOn).starts_with(candidate.profile);
   });
   return row == table.end() ? nullptr : &*row;
 }
@@ -25,75 +23,84 @@ const VideoProfileRow* findByPrefix(const Table& table, int32_t region, const Ta
 void scorePicture(const PictureSize& size, ResScore& score) {
   if (size.kind == PictureSize::kFullHd) score.addWherePositive(&ResPoints::resolution, kFullHdPoints);
   if (size.kind != PictureSize::kTooLarge) return;
-  score.primary.resolution += kTooLargePoints;  // from both, whatever their values
-  score.secondary.resolution += kTooLargePoints;
+  score.primary.resolution += kVideoPoints.tooLarge;  // from both, whatever their values
+  score.secondary.resolution += kVideoPoints.tooLarge;
 }
 
-// One running best over both kinds: a secondary score wins only when it is higher than every primary one.
-int pick(int count, const ResScore* scores) {
+// One running best over both scores: a secondary one wins only when it is higher than every primary one.
+int pick(int count, const TarqDlnaResMetadata* records) {
   BestScore best;
-  for (int i = 0; i < count; ++i) best.offer(i, scores[i].primary.total());
-  for (int i = 0; i < count; ++i) best.offer(i, scores[i].secondary.total());
+  best.offerAll(count, records, &ResScore::primary);
+  best.offerAll(count, records, &ResScore::secondary);
   return best.index;
+}
+
+// Without a profile name the MIME type counts; with another one it does not.
+bool isWindowsMedia(const TarqDlnaResMetadata& record) {
+  if (record.dlnaPn.c_str() == nullptr) {
+    const std::string_view mimeType = viewOf(record.mimeType);
+    return mimeType.starts_with("video/x-ms-wmv") || mimeType.starts_with("video/x-ms-asf");
+  }
+  const std::string_view profile = viewOf(record.dlnaPn);
+  return std::ranges::any_of(wmvProfileTable, [&](auto& row) { return profile.starts_with(row.profile); });
+}
+
+void take(TarqDlnaResMetadata& record, const char* format, ResRule rule, ResPoints ResScore::*score,
+          int32_t points) {
+  record.format = format;
+  record.score.rule = rule;
+  (record.score.*score).format = points;
 }
 
 }  // namespace
 
-bool TarqDlnaResSelection::IsWMVContent(int count, const TarqDlnaResMetadata* records) const {
-  return std::any_of(records, records + std::max(count, 0), [](const TarqDlnaResMetadata& record) {
-    if (!record.notConverted) return false;
-    if (record.dlnaPn.c_str() == nullptr)
-      return beginsWith(record.mimeType, "video/x-ms-wmv") || beginsWith(record.mimeType, "video/x-ms-asf");
-    return std::ranges::any_of(wmvProfileTable,
-                               [&](auto& row) { return beginsWith(record.dlnaPn, row.profile); });
+int firstWindowsMediaVideo(int count, const TarqDlnaResMetadata* records) {
+  return firstThat(count, records, [](const TarqDlnaResMetadata& record) {
+    return record.notConverted && isWindowsMedia(record);
   });
 }
 
-bool TarqDlnaResSelection::classifyWmv(TarqDlnaResMetadata& record, ResScore& score) const {
+bool TarqDlnaResSelection::IsWMVContent(int count, const TarqDlnaResMetadata* records) const {
+  return firstWindowsMediaVideo(count, records) != -1;
+}
+
+bool TarqDlnaResSelection::classifyWmv(TarqDlnaResMetadata& record) const {
   if (const VideoProfileRow* row = findByPrefix(wmvProfileTable, region, record)) {
-    record.format.refer(row->format);
-    const bool seekable = declaresByteSeek(record.fourthField.c_str());
-    score.rule = seekable ? ResRule::kSeekable : ResRule::kNotSeekable;
-    (seekable ? score.primary : score.secondary).format = seekable ? kPrimaryPoints : kSecondaryPoints;
+    if (declaresByteSeek(record.fourthField)) {
+      take(record, row->format, ResRule::kSeekable, &ResScore::primary, kKnownFormatPoints);
+    } else {
+      take(record, row->format, ResRule::kNotSeekable, &ResScore::secondary, kWeakFormatPoints);
+    }
     return true;
   }
   if (const VideoProfileRow* row = findByPrefix(videoProfileTable, region, record)) {
-    record.format.refer(row->format);
-    score.rule = ResRule::kProfile;
-    score.primary.format = kPrimaryPoints;
+    take(record, row->format, ResRule::kProfile, &ResScore::primary, kKnownFormatPoints);
     return true;
   }
-  const bool named = record.dlnaPn.c_str() != nullptr || record.orsaPn.c_str() != nullptr ||
-                     record.aribPn.c_str() != nullptr;
-  if (!named) {
-    const int32_t weight = classifyByCodec(record, score.rule);
-    (weight == kSecondaryPoints ? score.secondary : score.primary).format = weight;
-    return weight != 0;
+  if (!record.hasProfileName()) {
+    const int32_t points = classifyByCodec(record);
+    (points == kWeakFormatPoints ? record.score.secondary : record.score.primary).format = points;
+    return points != 0;
   }
-  if (!beginsWith(record.mimeType, "video/mp4")) return false;
-  record.format.refer("MPEG4");
-  score.rule = ResRule::kUnknownProfileMime;
-  score.primary.format = kPrimaryPoints;
+  if (!viewOf(record.mimeType).starts_with("video/mp4")) return false;
+  take(record, "MPEG4", ResRule::kUnknownProfileMime, &ResScore::primary, kKnownFormatPoints);
   return true;
 }
 
 int TarqDlnaResSelection::selectVideoResIndex_WMV(int count, TarqDlnaResMetadata* records) {
-  const auto scores = newScores(count);
-  return scores == nullptr ? -1 : selectVideoResIndex_WMV(count, records, scores.get());
-}
-
-int TarqDlnaResSelection::selectVideoResIndex_WMV(int count, TarqDlnaResMetadata* records,
-                                                  ResScore* scores) const {
   NearestFullHd nearest;
   for (int i = 0; i < count; ++i) {
-    if (!classifyWmv(records[i], scores[i])) continue;
-    scores[i].addWherePositive(&ResPoints::position, kFirstPosition - kPositionStep * i);
-    if (records[i].notConverted) scores[i].addWherePositive(&ResPoints::notConverted, kNotConvertedPoints);
-    const PictureSize size = measurePicture(records[i].resolution);
-    scorePicture(size, scores[i]);
+    TarqDlnaResMetadata& record = records[i];
+    record.score = {};
+    if (!classifyWmv(record)) continue;
+    record.score.addWherePositive(&ResPoints::position, kVideoPoints.firstPosition - kPositionStep * i);
+    if (record.notConverted) record.score.addWherePositive(&ResPoints::notConverted, kNotConvertedPoints);
+    const PictureSize size = measurePicture(record.resolution);
+    scorePicture(size, record.score);
     nearest.offer(i, size);
   }
-  if (nearest.candidate() != -1)
-    scores[nearest.candidate()].addWherePositive(&ResPoints::nearest, kNearestPoints);
-  return pick(count, scores);
+  if (nearest.candidate() != -1) {
+    records[nearest.candidate()].score.addWherePositive(&ResPoints::nearest, kNearestPoints);
+  }
+  return pick(count, records);
 }

@@ -3,18 +3,17 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <limits>
 
-VondString::VondString(const char* text) noexcept { *this = text; }
+VondString::VondString(const char* string) noexcept { *this = string; }
 
-VondString::VondString(const char* text, size_t length) noexcept { assign(text, length); }
+VondString::VondString(const char* string, size_t length) noexcept { assign(string, length); }
 
-VondString::VondString(const VondString& other) noexcept { assign(other.text_, other.length_); }
+VondString::VondString(const VondString& other) noexcept { assign(other.data_, other.length_); }
 
 VondString::VondString(VondString&& other) noexcept { take(other); }
 
 VondString& VondString::operator=(const VondString& other) noexcept {
-  if (this != &other) assign(other.text_, other.length_);
+  assign(other.data_, other.length_);
   return *this;
 }
 
@@ -26,61 +25,53 @@ VondString& VondString::operator=(VondString&& other) noexcept {
   return *this;
 }
 
-// A part of this string always fits where the whole is, so nothing is released under `text`.
-void VondString::set(const char* text, size_t length) noexcept {
-  char* room = capacity_ == 0 && length < kInlineBytes ? inline_ : reserve(length);
-  if (room == nullptr) return;
-  std::memmove(room, text, length);
-  room[length] = '\0';
-  text_ = room;
-  length_ = static_cast<uint32_t>(length);
-}
-
-VondString& VondString::append(const char* text) noexcept {
-  if (text == nullptr) return *this;
-  const size_t added = std::strlen(text);
-  const size_t before = length_;
-  char* room = reserve(before + added);
-  if (room == nullptr) return *this;
-  std::memcpy(room + before, text, added + 1);
-  text_ = room;
-  length_ = static_cast<uint32_t>(before + added);
+VondString& VondString::append(const char* string) noexcept {
+  if (string == nullptr) return *this;
+  const size_t added = std::strlen(string);
+  if (reserve(length_ + added) == nullptr) return *this;
+  std::memcpy(data_ + length_, string, added + 1);
+  length_ += added;
   return *this;
 }
 
-// Room for `length` bytes and a NUL that begins with what is there. Null: no memory, the string is absent.
-char* VondString::reserve(size_t length) noexcept {
-  const bool ownText = capacity_ != 0 || text_ == inline_ || text_ == nullptr;
-  const uint32_t room = capacity_ != 0 ? capacity_ : kInlineBytes;
-  if (ownText && length < room) return capacity_ != 0 ? const_cast<char*>(text_) : inline_;
+// A part of this string always fits where the whole is, so nothing is freed under `string`.
+void VondString::assign(const char* string, size_t length) noexcept {
+  if (string == nullptr) return release();
+  if (reserve(length) == nullptr) return;
+  std::memmove(data_, string, length);
+  data_[length] = '\0';
+  length_ = length;
+}
 
-  // At least twice the room, so that building a long text piece by piece costs linear time.
-  constexpr size_t kMaxRoom = std::numeric_limits<uint32_t>::max();
-  const size_t wanted = std::min(std::max(length + 1, capacity_ != 0 ? size_t{2} * room : 0), kMaxRoom);
-  char* block = length < kMaxRoom ? static_cast<char*>(std::malloc(wanted)) : nullptr;
-  if (block == nullptr) {
-    release();
-    return nullptr;
+// Makes room for `length` bytes and a NUL after them, and keeps what is there. Null: no memory; the string is
+// absent.
+char* VondString::reserve(size_t length) noexcept {
+  const size_t room = capacity_ != 0 ? capacity_ : kInlineBytes;
+  if (length < room) {
+    if (data_ == nullptr) data_ = inline_;
+    return data_;
   }
-  if (length_ != 0) std::memcpy(block, text_, length_);
-  if (capacity_ != 0) freeBlock();
-  text_ = block;
-  capacity_ = static_cast<uint32_t>(wanted);
-  return block;
+  // At least twice the room, so that building a long string piece by piece takes linear time.
+  const size_t wanted = capacity_ != 0 ? std::max(length + 1, 2 * room) : length + 1;
+  char* block = static_cast<char*>(std::malloc(wanted));
+  if (block != nullptr && length_ != 0) std::memcpy(block, data_, length_);
+  const size_t kept = length_;
+  release();
+  if (block == nullptr) return nullptr;
+  data_ = block;
+  length_ = kept;
+  capacity_ = wanted;
+  return data_;
 }
 
 // Becomes what `other` is; `other` becomes absent. This string must be absent.
 void VondString::take(VondString& other) noexcept {
-  text_ = other.text_;
+  const bool isInline = other.data_ == other.inline_;
+  if (isInline) std::memcpy(inline_, other.inline_, other.length_ + 1);
+  data_ = isInline ? inline_ : other.data_;
   length_ = other.length_;
   capacity_ = other.capacity_;
-  if (text_ == other.inline_) {
-    std::memcpy(inline_, other.inline_, length_ + size_t{1});
-    text_ = inline_;
-  }
-  other.text_ = nullptr;
+  other.data_ = nullptr;
   other.length_ = 0;
   other.capacity_ = 0;
 }
-
-void VondString::freeBlock() noexcept { std::free(const_cast<char*>(text_)); }

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstring>
 
+#include "FourthField.h"
 #include "VondHspClient.h"
 #include "ZylInet.h"
 
@@ -25,7 +26,7 @@ constexpr auto kQuickTests = std::to_array<QuickTest>({
     {kAnyHost, kUri, "flv", nullptr},
 });
 
-bool contains(const char* text, const char* part) { return std::strstr(text, part) != nullptr; }
+bool contains(const char* string, const char* part) { return std::strstr(string, part) != nullptr; }
 
 }  // namespace
 
@@ -56,15 +57,15 @@ bool isProbed(bool homeNetwork, const char* metadata) { return homeNetwork && !i
 
 bool isHttpUri(const char* uri) { return uri != nullptr && strncasecmp(uri, "http://", 7) == 0; }
 
-int transferModeOf(int category) {
+TransferMode transferModeOf(MediaCategory category) {
   switch (category) {
-    case 0:
-      return 1;
-    case 1:
-    case 2:
-      return 0;
+    case kCategoryPhoto:
+      return kTransferInteractive;
+    case kCategoryMusic:
+    case kCategoryVideo:
+      return kTransferStreaming;
     default:
-      return 3;
+      return kTransferUnspecified;
   }
 }
 
@@ -95,7 +96,7 @@ TarqCheckResult resultOfStatus(int status) {
 
 FormatKey formatKeyOf(const char* mimeType, const VondPI4thField& contentFeatures) {
   if (contentFeatures.IsValid()) {
-    for (const char* name : {"DLNA.ORG_PN", "ORSA.COM_PN", "ARIB.OR.JP_PN"}) {
+    for (const char* name : kProfileNameParameters) {
       if (const char* profile = contentFeatures.GetParameter(name)) return {profile, nullptr};
     }
   }

@@ -1,21 +1,20 @@
 #ifndef CHECK_RULES_H_
 #define CHECK_RULES_H_
 
-#include <cstddef>
 #include <span>
 
+#include "MediaCategory.h"
 #include "TarqResourceCheckerInterface.h"
 #include "VondNameValueList.h"
 
 // The rules of a resource check that need neither its state nor the network.
 
-// A test that accepts a resource for its texts alone. The first that holds decides.
+// A test that accepts a resource by its strings alone. The first one that passes decides.
 struct QuickTest {
-  bool internetOnly;  // hosts that are no literal IPv4 address
-  bool ofUri;         // else of the metadata; anywhere in the text, case-sensitive
-  const char* contains;
-  const char*
-      mimeType;  // what it is accepted as; null: audio/* when the metadata contains "audio/", else video/*
+  bool internetOnly;     // for hosts that are not a literal IPv4 address
+  bool ofUri;            // looks into the URI; otherwise into the metadata
+  const char* contains;  // anywhere in it, case-sensitive
+  const char* mimeType;  // accepted as this; null: audio/* when the metadata contains "audio/", else video/*
 
   bool appliesTo(bool homeNetwork) const { return !internetOnly || !homeNetwork; }
 };
@@ -24,28 +23,34 @@ std::span<const QuickTest> quickTests();
 // Whether a URL's host is on the home network: a literal IPv4 address. Null: false.
 bool isHomeNetwork(const char* host);
 
-// The test that holds, or null; without metadata (null) none does.
+// Returns: the test that passes, null when none does. Null: without metadata none passes.
 const QuickTest* findQuickTest(const char* uri, const char* metadata, bool homeNetwork);
 const char* mimeTypeOf(const QuickTest& test, const char* metadata);
 
 // RVU content is served by a protocol of its own and is never probed. `metadata` may be null.
 bool isRvuContent(const char* metadata);
-// Whether the server has a say: it is asked before anything that no quick test accepted is played.
+// Whether the server is asked before the content is played, unless a quick test accepted it.
 bool isProbed(bool homeNetwork, const char* metadata);
 // The only scheme that is probed. Null: false.
 bool isHttpUri(const char* uri);
 
-// The transfer mode that a probe asks for, by category: 1 photo, 0 music and video, 3 unknown.
-int transferModeOf(int category);
-// What a probe's client error, or else the server's status, comes to.
+// What `VondHspDlnaRequest::SetTransferMode` takes. Source: DLNA guidelines, part 1-1, 7.5.4.3.2.33.
+enum TransferMode : int {
+  kTransferStreaming = 0,
+  kTransferInteractive = 1,
+  kTransferUnspecified = 3,  // no header is sent
+};
+TransferMode transferModeOf(MediaCategory category);
+
+// The result code that a client error, or else the server's status, leads to.
 TarqCheckResult resultOfClientError(int clientError);
 TarqCheckResult resultOfStatus(int status);
 
-// What a row of the media profile table is compared with where the server's answer alone decides: the first
-// profile name that the server gave, or, where it gave none, the MIME type; the one for rows with a name, the
-// other for bare MIME rows.
+// What a row of the media profile table is compared with when the server's answer alone decides. The first
+// profile name of the answer, for rows with a name; when there is none, the MIME type, for bare MIME rows.
+// Ownership: `profile` points into the parameters, `mimeType` is the string passed in. Null: not compared.
 struct FormatKey {
-  const char* profile;  // points into the parameters; null: none
+  const char* profile;
   const char* mimeType;
 };
 FormatKey formatKeyOf(const char* mimeType, const VondPI4thField& contentFeatures);

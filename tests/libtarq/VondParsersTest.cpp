@@ -47,22 +47,6 @@ TEST(VondString, AbsentIsNotEmpty) {
   EXPECT_STREQ(string.append("").c_str(), "");
 }
 
-TEST(VondString, RefersToTextsThatItNeverWritesTo) {
-  const std::string outside = "outside";
-  VondString string;
-  string.refer(outside.c_str());
-  const VondString copy(string);
-  VondString moved(std::move(string));
-  EXPECT_EQ(moved.c_str(), outside.c_str());
-  EXPECT_TRUE(copy.c_str() != outside.c_str() && moved == copy);
-  EXPECT_STREQ(moved.append("!").c_str(), "outside!");
-  moved.refer(outside.c_str());
-  moved = moved.c_str() + 3;
-  EXPECT_STREQ(moved.c_str(), "side");
-  moved.refer(nullptr);
-  EXPECT_TRUE(moved == VondString());
-}
-
 TEST(VondProtocolInfo, SplitsAtTheFirstThreeColons) {
   const auto fields = [](const char* text) {
     const VondProtocolInfo info(text);

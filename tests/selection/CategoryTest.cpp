@@ -76,7 +76,7 @@ std::string readRecord(const std::string& res) {
   TarqDlnaResMetadata record;
   int selected = -1;
   TarqDlnaResSelection(1).selectMediaResIndex(didl.object(), &record, 1, &selected, 0);
-  const auto text = [](const VondString& s) { return s.c_str() == nullptr ? std::string("-") : s.c_str(); };
+  const auto text = [](const VondString& s) { return std::string(s.c_str() == nullptr ? "-" : s.c_str()); };
   return text(record.mimeType) + " " + text(record.fourthField) + " " + text(record.dlnaPn) + " " +
          text(record.extension) + " " + text(record.resolution) + " " + std::to_string(record.category) +
          (record.notConverted ? " original" : " converted") + " " + std::to_string(record.mpfEntries);

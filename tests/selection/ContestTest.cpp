@@ -38,18 +38,11 @@ std::vector<std::string> resElements(const std::string& candidates) {
   return elements;
 }
 
-using Contest = int (TarqDlnaResSelection::*)(int, TarqDlnaResMetadata*, ResScore*) const;
-constexpr Contest kPhoto = &TarqDlnaResSelection::selectPhotoResIndex;
-constexpr Contest kMpo = nullptr;   // has ranks instead of points
-constexpr Contest kNone = nullptr;  // is held
-constexpr Contest kMusic = &TarqDlnaResSelection::selectMusicResIndex;
-constexpr Contest kWma = &TarqDlnaResSelection::selectMusicResIndex_WMA;
-constexpr Contest kVideo = &TarqDlnaResSelection::selectVideoResIndex;
-constexpr Contest kWmv = &TarqDlnaResSelection::selectVideoResIndex_WMV;
+using enum ResContestKind;
 
 struct ContestCase {
   const char* name;
-  Contest contest;  // the one that the object must come to
+  ResContestKind contest;  // the one that is held
   int region;
   const char* candidates;  // separated by " & "
   // The winner, its format, and each candidate's points; "...": many zeros; -42: the caller's index stays.
@@ -68,20 +61,17 @@ void expectOutcome(const ContestCase& c) {
   const Didl didl(elements);
   const int count = static_cast<int>(elements.size());
   std::vector<TarqDlnaResMetadata> records(elements.size());
-  std::vector<ResScore> scores(elements.size());
-  TarqDlnaResSelection selection(c.region);
-
-  int selected = -42;
-  selection.selectMediaResIndex(didl.object(), records.data(), count, &selected, c.excludeHls);
+  const ResChoice choice =
+      TarqDlnaResSelection(c.region).choose(didl.object(), records.data(), count, c.excludeHls);
+  EXPECT_EQ(choice.contest, c.contest) << c.name;
+  const int selected = choice.contestHeld() ? choice.winner : -42;
   std::string outcome = std::to_string(selected);
   if (selected >= 0) {
-    const char* format = records[static_cast<size_t>(selected)].format.c_str();
+    const char* format = records[static_cast<size_t>(selected)].format;
     outcome += std::string(" ") + (format == nullptr ? "-" : format);
   }
-  if (c.contest != nullptr) {
-    EXPECT_EQ((selection.*c.contest)(count, records.data(), scores.data()), selected)
-        << c.name << ": another contest was held";
-    for (const ResScore& score : scores) outcome += " " + pointsOf(score);
+  if (choice.contestHeld() && c.contest != kMpo) {
+    for (const TarqDlnaResMetadata& record : records) outcome += " " + pointsOf(record.score);
     outcome = std::regex_replace(outcome, std::regex("( 0){9,}"), " ...");
   }
   EXPECT_EQ(outcome, c.expected) << c.name;
@@ -118,8 +108,8 @@ const ContestCase kCases[] = {
     {"LargerBelow", kMpo, 1, JPEG "100x100|2 & " JPEG "101x100|2", "1 MPO"},
     {"SameAreaLosesToNobody", kMpo, 1, JPEG "1080x1920|2 & " JPEG "2560x1440|2", "0 MPO"},
     {"TooLargeIsOut", kMpo, 1, JPEG "16385x1|2 & " JPEG "10x10|7", "1 MPO"},
-    {"NamedProfileFallsBack", kMpo, 1, "image/jpeg:PN=JPEG_LRG|/a|10x10|2", "0 JPEG"},
-    {"NoResolutionFallsBack", kMpo, 1, JPEG "|2", "0 JPEG"},
+    {"NamedProfileFallsBack", kPhoto, 1, "image/jpeg:PN=JPEG_LRG|/a|10x10|2", "0 JPEG 1600"},
+    {"NoResolutionFallsBack", kPhoto, 1, JPEG "|2", "0 JPEG 1100"},
     {"NoJpegHasNoFormat", kMpo, 1, "image/png:*|/a|10x10|2", "0 -"},
     {"ConvertedWmaIsUnknown", kMusic, 1, "audio/x-ms-wma:CI=1 & audio/ogg:*", "1 OggVorbis 0 1990"},
     {"ProfileWhateverTheType", kMusic, 1, "audio/x:PN=MP3", "0 MP3 2000"},
@@ -178,7 +168,7 @@ const ContestCase kCases[] = {
     {"ConvertedIsNoWindowsMedia", kVideo, 1, WMV "01;CI=1 & video/mp4:*|/a.mp4", "1 MPEG4 0 2190"},
     {"OtherNameIsNoWindowsMedia", kVideo, 1, "video/x-ms-wmv:PN=MPEG1", "0 MPEG1 2200"},
     {"NothingClassified", kNone, 1, "text/plain:*|/a.txt", "-42"},
-    {"PlaylistRefused", kNone, 1, PLAYLIST, "-42", 1},
+    {"PlaylistRefused", kHlsRefused, 1, PLAYLIST, "-42", 1},
     {"PlaylistTaken", kVideo, 1, PLAYLIST, "0 M3U8 2200"},
     {"PlaylistBesideWindowsMedia", kWmv, 1, PLAYLIST " & video/x-ms-wmv:*", "0 M3U8 2200 0/2090", 1},
 };

@@ -40,12 +40,12 @@ const struct {
   const char* region;
   std::vector<const char*> phrases;
 } kTelling[] = {
-    {"dtcp", "1", {"CONTENTFORMAT in application/x-dtcp1", "not played in this region; would be AVC_TTS in region 2"}},
+    {"dtcp", "1", {"its MIME type is the CONTENTFORMAT", "not played in this region; would be AVC_TTS in region 2"}},
     {"audio-codecs", "1", {"unknown MIME type; would be AUDIO_MPEG4 without the parameters", "res 1, format MP3"}},
     {"mkv-beside-wmv", "1", {"would be MKV without Windows Media beside it", "res 1, format WMV"}},
-    {"multi-picture", "1", {"res 1 is a file of 3 pictures", "no profile name", "res 2, as MPO\n", "nobody else has that rank"}},
+    {"multi-picture", "1", {"res 1 is a file of 3 pictures", "no profile name", "res 2, as MPO\n", "no other candidate has this rank"}},
     {"real-media", "16", {"would be MPEG1 in region 1", "res 1, as RMVB"}},
-    {"no-fourth-field", "1", {"res 0: no fourth protocolInfo field", "skipped: its protocolInfo has no \":\""}},
+    {"no-fourth-field", "1", {"no fourth protocolInfo field", "skipped: its protocolInfo has no \":\""}},
     {"twelve-equal", "1", {"-10  known profile name; not above 0", "510 points ahead of res 1: position +10, nearest +500"}},
 };
 // clang-format on
@@ -57,7 +57,10 @@ TEST(Explain, TellsWhyEachCaseComesOutAsItDoes) {
         runProgram({"explain", "http://192.168.0.7/item", "--metadata", file, "--region", region});
     EXPECT_EQ(outcome.exitCode, 0) << name;
     for (const char* phrase : phrases) EXPECT_THAT(outcome.out, HasSubstr(phrase)) << name;
-    for (const std::string& line : linesOf(outcome.out)) EXPECT_LE(line.size(), 110u) << name << ": " << line;
+    for (const std::string& line : linesOf(outcome.out)) {
+      const bool foreign = line.find("http-get:") != line.npos;  // a server's protocolInfo may be longer
+      EXPECT_TRUE(foreign || line.size() <= 110) << name << ": " << line;
+    }
   }
 }
 
@@ -135,12 +138,12 @@ TEST(Explain, ProbeShowsWhatCameBack) {
        "profile name \"NO\x1B\"",
        {"looked up   profile name \"NO\\x1b\"", "status 200, content type video/mp4", "refused (55106)"}},
       {"404 No", 55108, "", {"status 404, content type -", "refused (55108)"}},
-      {"503 No", 55107, "", {"came back   the server answered 503\n\nVerdict: refused (55107)"}},
+      {"503 No", 55107, "", {"answer      the server answered 503\n\nVerdict: refused (55107)"}},
   };
   for (const auto& [answer, code, lookedUp, phrases] : rows) {
     RawHttpServer server("HTTP/1.1 " + std::string(answer) + "\r\n\r\n");
     std::vector<std::string> arguments = {"explain", server.url(), "--region", "1"};
-    EXPECT_THAT(runProgram(arguments).out, HasSubstr("Verdict: open"));
+    EXPECT_THAT(runProgram(arguments).out, HasSubstr("Verdict: undecided"));
     EXPECT_EQ(server.requests().size(), 0u);
     arguments.push_back("--probe");
     const Outcome outcome = runProgram(arguments);
@@ -161,8 +164,8 @@ TEST(Explain, TellsWhatIsMissing) {
     const char* metadata;
     std::vector<const char*> phrases;
   } cases[] = {
-      {"a.jpg", "<x/>", {"no URL with a scheme and a host", "there is no URL", "no DLNA metadata"}},
-      {"http://a.example/", "<DIDL-Lite/>", {"no item or container in it", "The server is not asked: "}},
+      {"a.jpg", "<x/>", {"not a URL with a scheme and a host", "there is no URL", "not valid DIDL-Lite"}},
+      {"http://a.example/", "<DIDL-Lite/>", {"it has no item or container", "No server is asked: "}},
       {"http://a.example/", "<DIDL-Lite><item/></DIDL-Lite>", {"its first object has no res element"}},
       {"http://a.example/a.mp4", "<x/>", {"Quick tests: accepted", "as video/*, no res chosen"}},
   };

@@ -1,3 +1,4 @@
+#include "ContestWords.h"
 #include "ExplainWords.h"
 #include "JsonText.h"
 #include "ResultText.h"
@@ -84,8 +85,9 @@ void writeMetadata(Object& object, const Explanation& explanation) {
 void writeRes(Object& object, const ResFacts& res, const TarqDlnaResMetadata& record) {
   object.add("protocolInfo", res.protocolInfo);
   object.add("url", res.url);
-  object.add("skipped", res.skipped);
-  object.add("wrappedIn", res.wrapped ? res.wrapped->c_str() : nullptr);
+  object.add("requested", res.requested);
+  object.add("skipped", skipWords(record.skip));
+  object.add("wrappedContentFormat", res.wrappedContentFormat ? res.wrappedContentFormat->c_str() : nullptr);
   object.add("mimeType", record.mimeType);
   object.add("extension", record.extension);
   object.add("dlnaPn", record.dlnaPn);
@@ -95,53 +97,48 @@ void writeRes(Object& object, const ResFacts& res, const TarqDlnaResMetadata& re
   object.add("resolution", record.resolution);
   object.add("mpfEntries", record.mpfEntries);
   object.add("category", categoryWord(record.category));
-  object.add("categoryBy", stageWord(res.stage));
+  object.add("categoryBy", stageWord(record.categoryBy));
   object.addTexts("notes", res.notes);
 }
 
 void writePoints(Object& object, const ResPoints& points) {
-  object.add("format", points.format);
-  object.add("position", points.position);
-  object.add("notConverted", points.notConverted);
-  object.add("resolution", points.resolution);
-  object.add("nearest", points.nearest);
+  for (const PointCause& cause : pointCauses()) object.add(cause.key, points.*cause.points);
   object.add("total", points.total());
 }
 
-void writeCandidate(Object& object, const ContestFacts& contest, size_t i, const VondString& format) {
-  const bool mpo = !contest.photos.empty();
-  const bool in = contest.outFor[i].empty();
+void writeCandidate(Object& object, const Explanation& explanation, size_t i) {
+  const TarqDlnaResMetadata& record = explanation.records[i];
+  const ResContestKind contest = explanation.choice.contest;
+  const bool mpo = contest == ResContestKind::kMpo;
+  const bool eligible = !isOut(record.score.rule);
   object.add("index", static_cast<int>(i));
-  object.add("in", in);
-  object.add("rule", mpo ? nullptr : ruleKey(contest.scores[i].rule));
-  object.add("outFor", in ? nullptr : contest.outFor[i].c_str());
-  object.add("format", in ? format.c_str() : nullptr);
+  object.add("eligible", eligible);
+  object.add("rule", mpo ? nullptr : ruleKey(record.score.rule));
+  object.add("excludedBecause", eligible ? nullptr : exclusionReason(explanation, i).c_str());
+  object.add("format", eligible ? record.format : nullptr);
   if (mpo) {
-    object.add("rank", contest.photos[i].rank);
-    object.add("pixelsFromFullHd", contest.photos[i].overArea);
-    object.add("fullHd", contest.photos[i].fullHd);
+    object.add("rank", record.score.mpo.rank);
+    object.add("pixelsFromFullHd", record.score.mpo.overArea);
+    object.add("fullHd", record.score.mpo.fullHd);
     return;
   }
-  const bool twoScores = wordsOf(contest.kind).twoScores;
-  object.addObject("primary", [&](Object& points) { writePoints(points, contest.scores[i].primary); });
-  if (twoScores)
-    object.addObject("secondary", [&](Object& points) { writePoints(points, contest.scores[i].secondary); });
+  object.addObject("primary", [&](Object& points) { writePoints(points, record.score.primary); });
+  if (!wordsOf(contest).twoScores) return;
+  object.addObject("secondary", [&](Object& points) { writePoints(points, record.score.secondary); });
 }
 
 void writeContest(Object& object, const Explanation& explanation) {
-  const ContestFacts& contest = *explanation.contest;
-  object.add("name", wordsOf(contest.kind).key);
-  object.add("reason", contest.reason);
-  object.addObjects("candidates", contest.outFor.size(), [&](Object& candidate, size_t i) {
-    writeCandidate(candidate, contest, i, explanation.records[i].format);
-  });
-  object.addIndex("winner", contest.winner);
-  object.add("lead", contest.lead);
+  object.add("name", wordsOf(explanation.choice.contest).key);
+  object.add("reason", contestReason(explanation));
+  object.addObjects("candidates", explanation.records.size(),
+                    [&](Object& candidate, size_t i) { writeCandidate(candidate, explanation, i); });
+  object.addIndex("winner", explanation.choice.winner);
+  object.add("lead", leadWords(explanation));
 }
 
 void writeAnswer(Object& object, const Explanation& explanation) {
   const Verdict& verdict = explanation.verdict;
-  const bool byTable = explanation.winner() < 0;
+  const bool byTable = explanation.choice.winner < 0;
   const auto write = [&](const char* type, const char* features) {
     object.add("contentType", type);
     object.add("contentFeatures", features);
@@ -160,14 +157,14 @@ void writeAnswer(Object& object, const Explanation& explanation) {
 }
 
 void writeProbe(Object& object, const Explanation& explanation) {
-  object.add("notAskedFor", explanation.probe ? nullptr : whyNotProbed(explanation));
+  object.add("notProbedBecause", explanation.probe ? nullptr : whyNotProbed(explanation));
   if (!explanation.probe) return;
   const ProbeFacts& probe = *explanation.probe;
   object.add("url", probe.url);
   object.add("isHttp", probe.isHttp);
   object.add("transferMode", transferModeWord(probe.transferMode));
   object.add("contentFeatures", true);
-  object.add("decidesAlone", explanation.winner() < 0);
+  object.add("decidesAlone", explanation.choice.winner < 0);
   const auto outcomes = probeOutcomes();
   object.addObjects("outcomes", outcomes.size(), [&](Object& outcome, size_t i) {
     outcome.add("answer", outcomes[i].answer);
@@ -182,8 +179,8 @@ void writeVerdict(Object& object, const Explanation& explanation) {
   const Verdict& verdict = explanation.verdict;
   if (!verdict.code) {
     object.addNull("code");
-    object.add("message", "it hangs on the server's answer");
-    object.add("resIndex", explanation.winner());
+    object.add("message", "depends on the server's answer");
+    object.add("resIndex", explanation.choice.winner);
     return object.add("format", explanation.format());
   }
   object.add("code", *verdict.code);
@@ -203,7 +200,7 @@ void writeVerdict(Object& object, const Explanation& explanation) {
 }  // namespace
 
 void writeExplanation(JsonText& json, const Explanation& explanation) {
-  const int deciding = explanation.deciding;
+  const ResChoice& choice = explanation.choice;
   Object object(json);
   object.add("region", explanation.region);
   object.addObject("uri", [&](Object& uri) { writeUri(uri, explanation.uri); });
@@ -212,11 +209,9 @@ void writeExplanation(JsonText& json, const Explanation& explanation) {
   object.addObjects("res", explanation.res.size(), [&](Object& res, size_t i) {
     writeRes(res, explanation.res[i], explanation.records[i]);
   });
-  object.add("kind", deciding < 0
-                         ? nullptr
-                         : categoryWord(explanation.records[static_cast<size_t>(deciding)].category));
-  object.addIndex("decidedBy", deciding);
-  if (explanation.contest) {
+  object.add("kind", choice.kindFrom < 0 ? nullptr : categoryWord(choice.kind));
+  object.addIndex("decidedBy", choice.kindFrom);
+  if (choice.contestHeld()) {
     object.addObject("contest", [&](Object& contest) { writeContest(contest, explanation); });
   } else {
     object.addNull("contest");

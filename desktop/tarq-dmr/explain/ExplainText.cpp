@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "ContestFacts.h"
+#include "ContestWords.h"
 #include "ExplainWords.h"
 #include "ResultText.h"
 #include "TextOutput.h"
@@ -8,11 +8,11 @@
 
 namespace {
 
-// A server's text on one line of a sensible length; --json has it whole.
-std::string shown(const char* text, size_t limitBytes = 160) {
-  if (text == nullptr) return "";
-  if (*text == '\0') return "\"\"";
-  std::string line = printable(text);
+// A server's string on one line of a sensible length; --json has it whole.
+std::string shown(const char* string, size_t limitBytes = 160) {
+  if (string == nullptr) return "";
+  if (*string == '\0') return "\"\"";
+  std::string line = printable(string);
   if (line.size() <= limitBytes) return line;
   size_t end = limitBytes - 3;
   while (end > 0 && (static_cast<unsigned char>(line[end]) & 0xC0) == 0x80) --end;  // no half characters
@@ -46,7 +46,7 @@ void showUri(Steps& steps, const UriFacts& uri, int32_t region) {
   steps.begin("The URI");
   steps.row("uri", shown(uri.text));
   if (uri.url == nullptr) {
-    steps.row("read as", "no URL with a scheme and a host: no quick test, and no server to ask");
+    steps.row("read as", "not a URL with a scheme and a host: no quick test, and no server to ask");
   } else {
     steps.row("read as", "scheme " + shown(uri.url->GetScheme()) + ", host " + shown(uri.url->GetHost()) +
                              (uri.homeNetwork ? ": an IPv4 address, so on the home network"
@@ -62,14 +62,13 @@ std::string lookedFor(const QuickTest& test) {
 void showQuickTests(Steps& steps, const Explanation& explanation) {
   const QuickFacts& quick = explanation.quick;
   if (!quick.asked) {
-    return steps.begin(std::string("Quick tests: not asked, there is no ") +
+    return steps.begin(std::string("Quick tests: skipped, there is no ") +
                        (explanation.uri.url == nullptr ? "URL" : "metadata"));
   }
   if (quick.accepted != nullptr) {
     steps.begin("Quick tests: accepted");
     steps.row("found", lookedFor(*quick.accepted));
-    return steps.row("played as",
-                     std::string(quick.mimeType) + "; nothing else of the metadata is looked at");
+    return steps.row("played as", std::string(quick.mimeType) + "; nothing else in the metadata is read");
   }
   steps.begin("Quick tests: none accepts it");
   for (const QuickTest* test : quick.tried)
@@ -98,146 +97,175 @@ std::string profileNames(const TarqDlnaResMetadata& record) {
   return names;
 }
 
-void showRes(Steps& steps, const Explanation& explanation) {
-  steps.begin("Each res element");
-  TextTable table({">res", "is", "told by", "MIME type", "extension", "profile name", "converted",
-                   "resolution", ">pictures"});
-  std::string notes;
+// What the table has no room for.
+void showResDetails(Steps& steps, const Explanation& explanation) {
+  const auto orNone = [](const char* string, const char* name) {
+    return string == nullptr ? std::string("no ") + name : shown(string);
+  };
+  std::string requested;
   for (size_t i = 0; i < explanation.res.size(); ++i) {
     const ResFacts& res = explanation.res[i];
-    const TarqDlnaResMetadata& record = explanation.records[i];
-    const std::string index = numberText(static_cast<int>(i));
-    if (res.skipped != nullptr) {
-      table.addRow({index, std::string("skipped: ") + res.skipped});
-      continue;
+    const std::string name = resText(static_cast<int>(i));
+    steps.row(name, orNone(res.url, "URL"));
+    steps.row("", orNone(res.protocolInfo, "protocolInfo"));
+    if (res.wrappedContentFormat) {
+      steps.row("", "its MIME type is the CONTENTFORMAT parameter of the third field");
     }
-    const char* stage = stageWord(res.stage);
-    table.addRow({index, categoryWord(record.category), stage == nullptr ? "" : stage,
-                  shown(record.mimeType.c_str(), 40), shown(record.extension.c_str(), 20),
-                  profileNames(record), record.notConverted ? "no" : "yes",
-                  shown(record.resolution.c_str(), 20),
-                  record.mpfEntries == 0 ? "" : numberText(record.mpfEntries)});
-    if (res.wrapped)
-      notes += "  res " + index + ": its MIME type is the CONTENTFORMAT in " +
-               shown(res.wrapped->c_str(), 60) + "\n";
-    for (const std::string& note : res.notes) notes += "  res " + index + ": " + printable(note) + "\n";
+    for (const std::string& note : res.notes) steps.row("", printable(note));
+    if (res.requested) requested += (requested.empty() ? "" : ", ") + name;
   }
-  steps.add(table.text() + notes);
+  steps.row("requested",
+            requested.empty() ? "the URI is not the URL of any res" : "the URI is the URL of " + requested);
 }
 
-// A cause that gives nobody points has an empty column.
-std::vector<std::string> pointCells(const ContestFacts& contest, size_t i,
-                                    const TarqDlnaResMetadata& record) {
-  const ResScore& score = contest.scores[i];
-  const ResPoints& points = countedPoints(score);
-  std::vector<std::string> cells = {shown(record.format.c_str())};
-  for (const auto cause : {&ResPoints::format, &ResPoints::position, &ResPoints::notConverted,
-                           &ResPoints::resolution, &ResPoints::nearest}) {
-    const bool matters = std::ranges::any_of(
-        contest.scores, [&](const ResScore& other) { return countedPoints(other).*cause != 0; });
-    cells.push_back(matters ? numberText(points.*cause) : "");
+void showRes(Steps& steps, const Explanation& explanation) {
+  steps.begin("Each res element");
+  TextTable table({">res", "is", "decided by", "MIME type", "extension", "profile name", "converted",
+                   "resolution", ">pictures"});
+  for (size_t i = 0; i < explanation.res.size(); ++i) {
+    const TarqDlnaResMetadata& record = explanation.records[i];
+    const std::string index = numberText(static_cast<int>(i));
+    if (const char* skipped = skipWords(record.skip)) {
+      table.addRow({index, std::string("skipped: ") + skipped});
+      continue;
+    }
+    const char* stage = stageWord(record.categoryBy);
+    table.addRow({index, categoryWord(record.category), stage == nullptr ? "" : stage,
+                  shown(record.mimeType.c_str(), 40), shown(record.extension.c_str(), 20),
+                  profileNames(record), record.notConverted ? "no" : "yes", shown(record.resolution, 20),
+                  record.mpfEntries == 0 ? "" : numberText(record.mpfEntries)});
   }
-  const bool secondary = &points == &score.secondary;
+  steps.add(table.text());
+  showResDetails(steps, explanation);
+}
+
+// The causes that give some candidate points; the columns of the others stay empty.
+std::vector<bool> causesThatMatter(const Explanation& explanation) {
+  std::vector<bool> matters;
+  for (const PointCause& cause : pointCauses()) {
+    matters.push_back(std::ranges::any_of(explanation.records, [&](const TarqDlnaResMetadata& record) {
+      return record.score.counted().*cause.points != 0;
+    }));
+  }
+  return matters;
+}
+
+std::vector<std::string> pointCells(const TarqDlnaResMetadata& record, const std::vector<bool>& matters) {
+  const ResPoints& points = record.score.counted();
+  std::vector<std::string> cells = {shown(record.format)};
+  for (size_t cause = 0; cause < matters.size(); ++cause) {
+    cells.push_back(matters[cause] ? numberText(points.*pointCauses()[cause].points) : "");
+  }
+  const bool secondary = &points == &record.score.secondary;
   cells.push_back(secondary ? "" : numberText(points.total()));
   cells.push_back(secondary ? numberText(points.total()) : "");
-  cells.push_back(ruleWords(score.rule, record) + std::string(points.total() > 0 ? "" : "; not above 0"));
+  cells.push_back(ruleWords(record.score.rule) + std::string(points.total() > 0 ? "" : "; not above 0"));
   return cells;
 }
 
-std::vector<std::string> mpoCells(const MpoPhoto& photo, const TarqDlnaResMetadata& record) {
-  return {numberText(photo.rank), numberText(record.mpfEntries), record.notConverted ? "no" : "yes",
-          photo.fullHd ? "full HD" : (photo.overArea > 0 ? "+" : "") + numberText(photo.overArea)};
+std::vector<std::string> mpoCells(const TarqDlnaResMetadata& record) {
+  const MpoRank& mpo = record.score.mpo;
+  return {numberText(mpo.rank), numberText(record.mpfEntries), record.notConverted ? "no" : "yes",
+          mpo.fullHd ? "full HD" : (mpo.overArea > 0 ? "+" : "") + numberText(mpo.overArea)};
 }
 
-TextTable newCandidateTable(const ContestFacts& contest) {
-  if (contest.kind == ResContestKind::kMpo)
+TextTable newCandidateTable(ResContestKind contest) {
+  if (contest == ResContestKind::kMpo)
     return TextTable({">res", ">rank", ">pictures", "converted", ">pixels from full HD"});
-  const bool twoScores = wordsOf(contest.kind).twoScores;
-  return TextTable({">res", "played as", ">format", ">position", ">original", ">size", ">nearest",
-                    twoScores ? ">primary" : ">total", ">secondary", "by"});
+  std::vector<std::string> headings = {">res", "played as"};
+  for (const PointCause& cause : pointCauses()) headings.push_back(std::string(">") + cause.name);
+  headings.emplace_back(wordsOf(contest).twoScores ? ">primary" : ">total");
+  headings.emplace_back(">secondary");
+  headings.emplace_back("decided by");
+  return TextTable(std::move(headings));
 }
 
-void showContest(Steps& steps, const Explanation& explanation) {
-  if (!explanation.contest) return steps.begin("No contest: no res is photo, music or video");
-  const ContestFacts& contest = *explanation.contest;
-  const int kind = explanation.records[static_cast<size_t>(explanation.deciding)].category;
-  steps.begin(std::string("The ") + wordsOf(contest.kind).name + " contest");
-  steps.row("the object", std::string("is ") + categoryNoun(kind) + ": " +
-                              (kind == kCategoryPhoto
-                                   ? "no res is music or video"
-                                   : resText(explanation.deciding) + " is the last that is music or video"));
-  steps.row("so", contest.reason);
-  steps.row("won by", wordsOf(contest.kind).howWon);
-  TextTable table = newCandidateTable(contest);
-  for (size_t i = 0; i < contest.outFor.size(); ++i) {
+void showCandidates(Steps& steps, const Explanation& explanation) {
+  const bool mpo = explanation.choice.contest == ResContestKind::kMpo;
+  const std::vector<bool> matters = causesThatMatter(explanation);
+  TextTable table = newCandidateTable(explanation.choice.contest);
+  for (size_t i = 0; i < explanation.records.size(); ++i) {
+    const TarqDlnaResMetadata& record = explanation.records[i];
     const int index = static_cast<int>(i);
-    std::vector<std::string> cells = {(index == contest.winner ? "> " : "") + numberText(index)};
-    if (!contest.outFor[i].empty()) {
-      cells.push_back("out: " + shown(contest.outFor[i].c_str(), 400));
+    std::vector<std::string> cells = {(index == explanation.choice.winner ? "> " : "") + numberText(index)};
+    if (isOut(record.score.rule)) {
+      cells.push_back("out: " + shown(exclusionReason(explanation, i).c_str(), 400));
     } else {
-      const auto more = contest.photos.empty() ? pointCells(contest, i, explanation.records[i])
-                                               : mpoCells(contest.photos[i], explanation.records[i]);
+      const auto more = mpo ? mpoCells(record) : pointCells(record, matters);
       cells.insert(cells.end(), more.begin(), more.end());
     }
     table.addRow(std::move(cells));
   }
   steps.add(table.text());
-  if (contest.winner < 0) return steps.row("winner", "none: " + contest.lead);
+}
+
+void showContest(Steps& steps, const Explanation& explanation) {
+  const ResChoice& choice = explanation.choice;
+  if (!choice.contestHeld()) return steps.begin("No contest: no res is photo, music or video");
+  steps.begin(std::string("The ") + wordsOf(choice.contest).name + " contest");
+  steps.row("the object", std::string("is ") + categoryNoun(choice.kind) + ": " +
+                              (choice.kind == kCategoryPhoto
+                                   ? "no res is music or video"
+                                   : resText(choice.kindFrom) + " is the last that is music or video"));
+  steps.row("so", contestReason(explanation));
+  steps.row("won by", wordsOf(choice.contest).howWon);
+  showCandidates(steps, explanation);
+  if (choice.winner < 0) return steps.row("winner", "none: " + leadWords(explanation));
   const char* format = explanation.format();
-  steps.row("winner", resText(contest.winner) +
-                          (format == nullptr ? ", with no format" : std::string(", as ") + format));
-  steps.row("lead", contest.lead);
+  steps.row("winner", resText(choice.winner) +
+                          (format == nullptr ? ", without a format" : std::string(", as ") + format));
+  steps.row("lead", leadWords(explanation));
 }
 
 void showAnswer(Steps& steps, const Verdict& verdict, bool byTable) {
   if (const TarqResourceInfo* resource = verdict.resource()) {
-    steps.row("came back", std::string("MIME type ") + shown(resource->mimeType) + ", content features " +
-                               shown(resource->additionalInfo));
+    steps.row("answer", std::string("MIME type ") + shown(resource->mimeType) + ", content features " +
+                            shown(resource->additionalInfo));
     if (byTable)
       steps.row("looked up", shown(formatKeyWords(resource->mimeType, resource->additionalInfo).c_str()));
     return;
   }
-  steps.row("came back", describe(*verdict.code));
+  steps.row("answer", describe(*verdict.code));
   if (!verdict.answer) return;
   const VondHspDlnaResponse& response = verdict.answer->response;
   if (verdict.answer->clientError != 0)
-    return steps.row("once more", "no answer (client error " + numberText(verdict.answer->clientError) + ")");
-  const auto orDash = [](const char* text) { return text == nullptr ? std::string("-") : shown(text); };
-  steps.row("once more", "status " + numberText(response.GetStatusCode()) + ", content type " +
-                             orDash(response.GetContentType()) + ", content features " +
-                             orDash(response.GetContentFeatures()));
+    return steps.row("asked again",
+                     "no answer (client error " + numberText(verdict.answer->clientError) + ")");
+  const auto orDash = [](const char* string) { return string == nullptr ? std::string("-") : shown(string); };
+  steps.row("asked again", "status " + numberText(response.GetStatusCode()) + ", content type " +
+                               orDash(response.GetContentType()) + ", content features " +
+                               orDash(response.GetContentFeatures()));
   if (byTable && verdict.code == kNothingPlayable)
     steps.row("looked up",
               shown(formatKeyWords(response.GetContentType(), response.GetContentFeatures()).c_str()));
 }
 
-void showOutcomes(Steps& steps, const Explanation& explanation) {
+void showOutcomes(Steps& steps, bool byTable) {
   bool first = true;
   for (const ProbeOutcome& outcome : probeOutcomes()) {
     std::string answer = outcome.answer;
     answer.resize(26, ' ');
     std::string words = numberText(outcome.code) + ": " + describe(outcome.code);
     if (outcome.code == kAccepted)
-      words += explanation.winner() < 0
-                   ? " if the table knows the answer, else " + numberText(kNothingPlayable)
-                   : ", with the MIME type and content features of the answer";
-    steps.row(first ? "answers" : "", answer + words);
+      words += byTable ? " if the table knows the answer, else " + numberText(kNothingPlayable)
+                       : ", with the MIME type and content features of the answer";
+    steps.row(first ? "outcomes" : "", answer + words);
     first = false;
   }
 }
 
 void showProbe(Steps& steps, const Explanation& explanation) {
   if (!explanation.probe) {
-    return steps.begin(std::string("The server is not asked: ") + whyNotProbed(explanation));
+    return steps.begin(std::string("No server is asked: ") + whyNotProbed(explanation));
   }
   const ProbeFacts& probe = *explanation.probe;
-  steps.begin("The server has the last word");
+  steps.begin("The server decides");
   steps.row("request", "HEAD " + shown(probe.url));
-  if (!probe.isHttp) return steps.row("", "not sent: no http:// URI");
+  if (!probe.isHttp) return steps.row("", "not sent: not an http:// URI");
   const char* mode = transferModeWord(probe.transferMode);
   steps.row("headers", std::string("getcontentFeatures.dlna.org: 1") +
                            (mode == nullptr ? "" : std::string("; transferMode.dlna.org: ") + mode));
-  const bool byTable = explanation.winner() < 0;
+  const bool byTable = explanation.choice.winner < 0;
   if (byTable) {
     steps.row("looked up", "in the media profile table (tarq-dmr sink --region " +
                                numberText(explanation.region) + "): the first profile");
@@ -246,7 +274,7 @@ void showProbe(Steps& steps, const Explanation& explanation) {
   if (explanation.verdict.code) {
     showAnswer(steps, explanation.verdict, byTable);
   } else {
-    showOutcomes(steps, explanation);
+    showOutcomes(steps, byTable);
   }
 }
 
@@ -258,10 +286,10 @@ std::string chosenText(int resIndex, const char* format) {
 std::string verdictText(const Explanation& explanation) {
   const Verdict& verdict = explanation.verdict;
   if (!verdict.code) {
-    return "open, it hangs on the server's answer (--probe asks it): " +
-           (explanation.winner() < 0
-                ? std::string("no res plays, so the answer alone decides")
-                : chosenText(explanation.winner(), explanation.format()) + " if it confirms");
+    const int winner = explanation.choice.winner;
+    return "undecided: depends on the server's answer (use --probe): " +
+           (winner < 0 ? std::string("no res plays, so the answer alone decides")
+                       : chosenText(winner, explanation.format()) + " if it confirms");
   }
   const std::string code = " (" + numberText(*verdict.code) + "): ";
   const TarqResourceInfo* resource = verdict.resource();

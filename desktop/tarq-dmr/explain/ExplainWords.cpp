@@ -15,11 +15,13 @@ constexpr auto kContests = std::to_array<ContestRow>({
     {ResContestKind::kPhoto, {"photo", "photo", kHighestTotal}},
     {ResContestKind::kMpo,
      {"mpo", "multi-picture photo",
-      "The highest rank wins; of equals full HD, else the nearest above it, else the nearest below."}},
+      "The highest rank wins; among equals full HD, else the nearest above it, else the nearest "
+      "below."}},
     {ResContestKind::kMusic, {"music", "music", kHighestTotal}},
     {ResContestKind::kWma,
      {"wma", "Windows Media audio",
-      "The first of the highest primary totals wins; only when none is above 0, of the secondary ones.",
+      "The first of the highest primary totals wins; the secondary ones count only when none of those is "
+      "above 0.",
       true}},
     {ResContestKind::kVideo, {"video", "video", kHighestTotal}},
     {ResContestKind::kWmv,
@@ -31,19 +33,29 @@ constexpr ContestWords kNoContest = {"none", "no", ""};
 struct RuleRow {
   ResRule rule;
   const char* key;
-  const char* words = nullptr;  // null: out
+  const char* words;
 };
 constexpr auto kRules = std::to_array<RuleRow>({
-    {ResRule::kUnknown, "unknown"},
     {ResRule::kProfile, "profile", "known profile name"},
-    {ResRule::kProfileNotInRegion, "profileNotInRegion"},
     {ResRule::kMimeType, "mimeType", "known MIME type"},
-    {ResRule::kMimeTypeAmr, "mimeTypeAmr"},
     {ResRule::kMimeAndExtension, "mimeAndExtension", "MIME type and extension"},
-    {ResRule::kMimeGuess, "mimeGuess", "guessed by MIME type"},
-    {ResRule::kUnknownProfileMime, "unknownProfileMime", "unknown profile, known MIME"},
+    {ResRule::kMimeAlone, "mimeAlone", "MIME type alone"},
+    {ResRule::kMimeGuess, "mimeGuess", "guessed from the MIME type"},
+    {ResRule::kUnknownProfileMime, "unknownProfileMime", "unknown profile, known MIME type"},
     {ResRule::kSeekable, "seekable", "Windows Media, byte seek"},
     {ResRule::kNotSeekable, "notSeekable", "Windows Media, no byte seek"},
+    {ResRule::kWindowsMediaMime, "notSeekable", "Windows Media by MIME type"},
+    {ResRule::kMultiPicture, "multiPicture", "multi-picture file"},
+    {ResRule::kUnknown, "unknown", "no contest was held"},
+    {ResRule::kSkipped, "unknown", "skipped"},
+    {ResRule::kOtherKind, "unknown", "another kind"},
+    {ResRule::kUnknownProfile, "unknown", "unknown profile name, no help from the MIME type"},
+    {ResRule::kNoMimeType, "unknown", "no MIME type"},
+    {ResRule::kUnknownMimeType, "unknown", "unknown MIME type"},
+    {ResRule::kProfileNotInRegion, "profileNotInRegion", "profile name not played in this region"},
+    {ResRule::kThreeGppAmr, "mimeTypeAmr", "3GPP audio whose extension is \"amr\" or missing"},
+    {ResRule::kNotMultiPicture, "notMultiPicture",
+     "it needs av:mpfEntries, a usable resolution and no profile name"},
 });
 
 const RuleRow& rowOf(ResRule rule) {
@@ -59,20 +71,23 @@ const ContestWords& wordsOf(ResContestKind kind) {
 
 const char* ruleKey(ResRule rule) { return rowOf(rule).key; }
 
-bool isOut(ResRule rule) { return rowOf(rule).words == nullptr; }
+const char* ruleWords(ResRule rule) { return rowOf(rule).words; }
 
-const char* ruleWords(ResRule rule, const TarqDlnaResMetadata& record) {
-  // Without a name nobody looks at what the server declares.
-  if (rule == ResRule::kNotSeekable && record.dlnaPn.c_str() == nullptr) return "Windows Media by MIME type";
-  return rowOf(rule).words;
+std::span<const PointCause> pointCauses() {
+  static constexpr PointCause kCauses[] = {{"format", "format", &ResPoints::format},
+                                           {"position", "position", &ResPoints::position},
+                                           {"original", "notConverted", &ResPoints::notConverted},
+                                           {"size", "resolution", &ResPoints::resolution},
+                                           {"nearest", "nearest", &ResPoints::nearest}};
+  return kCauses;
 }
 
-const char* categoryWord(int category) {
-  constexpr const char* kWords[] = {"photo", "music", "video"};
-  return category >= kCategoryPhoto && category <= kCategoryVideo ? kWords[category] : "unknown";
+const char* categoryWord(MediaCategory category) {
+  constexpr const char* kWords[] = {"photo", "music", "video", "unknown"};
+  return kWords[category];
 }
 
-const char* categoryNoun(int category) {
+const char* categoryNoun(MediaCategory category) {
   return category == kCategoryPhoto ? "a photo" : category == kCategoryMusic ? "music" : "a video";
 }
 
@@ -90,14 +105,34 @@ const char* stageWord(CategoryStage stage) {
   return nullptr;
 }
 
+const char* skipWords(ResSkip skip) {
+  switch (skip) {
+    case ResSkip::kNone:
+      return nullptr;
+    case ResSkip::kNoProtocolInfo:
+      return "it has no protocolInfo";
+    case ResSkip::kNoColon:
+      return "its protocolInfo has no \":\"";
+    case ResSkip::kNoUrl:
+      return "it has no URL";
+    case ResSkip::kBadProtocolInfo:
+      return "its protocolInfo does not parse";
+    case ResSkip::kBadContentFormat:
+      return "its third protocolInfo field, with a CONTENTFORMAT, does not parse";
+    case ResSkip::kBadFourthField:
+      break;
+  }
+  return "its fourth protocolInfo field does not parse (a \"=\" without a name before it)";
+}
+
 const char* metadataWords(MetadataState state) {
   switch (state) {
     case MetadataState::kAbsent:
       return "there is none";
     case MetadataState::kNotParsed:
-      return "it is no DLNA metadata (DIDL-Lite) that parses";
+      return "it is not valid DIDL-Lite";
     case MetadataState::kNoObject:
-      return "there is no item or container in it";
+      return "it has no item or container";
     case MetadataState::kNoRes:
       return "its first object has no res element";
     case MetadataState::kRead:
@@ -106,16 +141,23 @@ const char* metadataWords(MetadataState state) {
   return "read";
 }
 
-const char* transferModeWord(int mode) {
-  constexpr const char* kWords[] = {"Streaming", "Interactive", "Background"};
-  return mode >= 0 && mode <= 2 ? kWords[mode] : nullptr;
+const char* transferModeWord(TransferMode mode) {
+  switch (mode) {
+    case kTransferStreaming:
+      return "Streaming";
+    case kTransferInteractive:
+      return "Interactive";
+    case kTransferUnspecified:
+      break;
+  }
+  return nullptr;
 }
 
 const char* whyNotProbed(const Explanation& explanation) {
   if (explanation.quick.accepted != nullptr) return "a quick test accepted the resource";
-  if (explanation.uri.url == nullptr) return "the URI is no URL";
+  if (explanation.uri.url == nullptr) return "the URI is not a URL";
   if (!explanation.uri.homeNetwork) return "only servers on the home network are asked";
-  return "RVU content is never asked for";
+  return "RVU content is never probed";
 }
 
 std::span<const ProbeOutcome> probeOutcomes() {
@@ -123,7 +165,7 @@ std::span<const ProbeOutcome> probeOutcomes() {
       {"a status below 300", resultOfStatus(200)},
       {"403", resultOfStatus(403)},
       {"503", resultOfStatus(503)},
-      {"another of 300 and above", resultOfStatus(300)},
+      {"any other from 300 on", resultOfStatus(300)},
       {"not reachable", resultOfClientError(kVondHspConnectFailed)},
       {"name not resolved", resultOfClientError(kVondHspNameNotResolved)},
       {"no answer in time", resultOfClientError(kVondHspTimedOut)},
@@ -136,7 +178,7 @@ std::string formatKeyWords(const char* mimeType, const char* contentFeatures) {
   const VondPI4thField parameters(contentFeatures == nullptr ? "" : contentFeatures);
   const FormatKey key = formatKeyOf(mimeType, parameters);
   if (key.profile != nullptr) return "profile name " + quoted(key.profile);
-  return key.mimeType == nullptr ? "nothing: the server names neither" : "MIME type " + quoted(key.mimeType);
+  return key.mimeType == nullptr ? "nothing: the server sent neither" : "MIME type " + quoted(key.mimeType);
 }
 
-std::string quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
+std::string quoted(std::string_view string) { return '"' + std::string(string) + '"'; }

@@ -6,7 +6,8 @@
 
 #include "Explanation.h"
 
-// How the facts of an explanation are called, for people and in JSON. Constant texts unless said otherwise.
+// What the facts of an explanation are called, for people and in JSON. Constant strings unless said
+// otherwise.
 
 struct ContestWords {
   const char* key;
@@ -16,30 +17,38 @@ struct ContestWords {
 };
 const ContestWords& wordsOf(ResContestKind kind);
 
+// What let a candidate in or kept it out.
 const char* ruleKey(ResRule rule);
-bool isOut(ResRule rule);
-// What let the record in; null where the rule keeps it out.
-const char* ruleWords(ResRule rule, const TarqDlnaResMetadata& record);
+const char* ruleWords(ResRule rule);
 
-const char* categoryWord(int category);
-const char* categoryNoun(int category);      // with its article; of a known category
-const char* stageWord(CategoryStage stage);  // null: nothing told the category
+// The causes of points, in the order in which they are shown.
+struct PointCause {
+  const char* name;
+  const char* key;
+  int32_t ResPoints::*points;
+};
+std::span<const PointCause> pointCauses();
+
+const char* categoryWord(MediaCategory category);
+const char* categoryNoun(MediaCategory category);  // with its article; of a known category
+const char* stageWord(CategoryStage stage);        // null: nothing decided the category
+const char* skipWords(ResSkip skip);               // null: the element was read
 const char* metadataWords(MetadataState state);
-const char* transferModeWord(int mode);  // null: none is asked for
+const char* transferModeWord(TransferMode mode);  // null: no header is sent
 
-// Why nobody is asked, of an explanation without a probe.
+// Why no server is asked, of an explanation without a probe.
 const char* whyNotProbed(const Explanation& explanation);
 
-// A kind of answer, and the result code that a check comes to with it.
+// A kind of answer, and the result code that it leads to.
 struct ProbeOutcome {
   const char* answer;
   int code;
 };
 std::span<const ProbeOutcome> probeOutcomes();
 
-// What the media profile table is asked for where the server's answer alone decides.
+// What the media profile table is searched for when the server's answer alone decides.
 std::string formatKeyWords(const char* mimeType, const char* contentFeatures);
 
-std::string quoted(std::string_view text);  // in double quotes, otherwise as it stands
+std::string quoted(std::string_view string);  // in double quotes, otherwise unchanged
 
 #endif  // TARQ_DMR_EXPLAIN_WORDS_H_

@@ -13,15 +13,14 @@
 #include "VondHspClient.h"
 #include "VondURL.h"
 
-// Everything that a check of one resource looks at and why each step came out as it did, in the order of the
-// check. The facts come from the code that decides (selection/, resource/CheckRules.h) and from the plug-in's
-// own checker; nothing here decides anything.
-// Threads: an explanation belongs to one thread. Owns: the parsed metadata and all texts but the URI.
-// Null: a text that is absent.
+// Everything that a check of one resource looks at and what each step found, in the order of the check. The
+// facts come from the code that decides (selection/, resource/rules/) and from the plug-in's own checker;
+// nothing here decides anything. Null: a string that is absent. Ownership: the parsed metadata and all
+// strings except the URI. Threads: an explanation belongs to one thread.
 
 struct UriFacts {
   const char* text;
-  std::unique_ptr<VondURL> url;  // null: no URL
+  std::unique_ptr<VondURL> url;  // null: not a URL
   bool homeNetwork = false;
 };
 
@@ -41,41 +40,31 @@ struct MetadataFacts {
   const char* title = nullptr;  // of the first object, the only one that counts
 };
 
-// One `res` element beside its record.
+// One `res` element as written; the selection's record stands beside it.
 struct ResFacts {
   const char* protocolInfo = nullptr;
   const char* url = nullptr;
-  const char* skipped = nullptr;  // why nothing of it was read; null: it was read
-  CategoryStage stage = CategoryStage::kNone;
-  std::optional<std::string> wrapped;  // the third field, where the MIME type stands in its CONTENTFORMAT
-  std::vector<std::string> notes;      // what else is worth knowing, a sentence each
-};
-
-struct ContestFacts {
-  ResContestKind kind = ResContestKind::kNone;  // the one that was held
-  std::string reason;                           // why this one
-  std::vector<ResScore> scores;                 // by candidate; of the multi-picture contest all 0
-  std::vector<MpoPhoto> photos;                 // of the multi-picture contest, else empty
-  std::vector<std::string> outFor;              // by candidate: why it is out; empty: it is in
-  int winner = -1;
-  std::string lead;  // what the winner is ahead by
+  bool requested = false;  // its URL is the URI that was asked for
+  std::optional<std::string>
+      wrappedContentFormat;        // the third field, when its CONTENTFORMAT is the MIME type
+  std::vector<std::string> notes;  // what else is worth knowing, a sentence each
 };
 
 // A HEAD request that the check sends, or would send.
 struct ProbeFacts {
   const char* url;
-  bool isHttp;  // else it is refused without a request
-  int transferMode;
+  bool isHttp;  // otherwise it is refused without a request
+  TransferMode transferMode;
 };
 
-// The server's answer, asked once more where the check's result code does not tell enough of it.
+// The server's answer, asked for once more where the check's result code does not say enough about it.
 struct AnswerFacts {
   int clientError = 0;
   VondHspDlnaResponse response;
 };
 
 struct Verdict {
-  std::optional<int> code;  // none: it hangs on a request that was not sent
+  std::optional<int> code;  // none: it depends on a request that was not sent
   std::unique_ptr<TarqResourceCheckerInterface> checker;
   std::optional<AnswerFacts> answer;
 
@@ -89,26 +78,25 @@ struct Explanation {
   UriFacts uri;
   QuickFacts quick;
   MetadataFacts metadata;
-  bool rvu = false;
-  std::vector<TarqDlnaResMetadata> records;
+  std::vector<TarqDlnaResMetadata> records;  // what the selection read, decided and scored
   std::vector<ResFacts> res;
-  int deciding = -1;                    // the record that told the media kind
-  std::optional<ContestFacts> contest;  // none: no element is photo, music or video
-  std::optional<ProbeFacts> probe;      // none: nobody is asked
+  ResChoice choice;
+  std::optional<ProbeFacts> probe;  // none: no server is asked
   Verdict verdict;
 
-  int winner() const { return contest ? contest->winner : -1; }
-  const char* format() const {
-    return winner() < 0 ? nullptr : records[static_cast<size_t>(winner())].format.c_str();
+  const ResScore& scoreOf(int index) const { return records[static_cast<size_t>(index)].score; }
+  const char* format() const {  // of the winner
+    return choice.winner < 0 ? nullptr : records[static_cast<size_t>(choice.winner)].format;
   }
 };
 
-// `uri` must outlive the result; `metadata` may be null. `probe`: the check may ask the server. `params` is
-// the plug-in's; its region becomes `region`.
+// `params` is the plug-in's; its region becomes `region`. With `probe` the check may ask the server.
+// Null: `metadata` may be null.
+// Ownership: `uri` must outlive the result.
 Explanation explain(TarqDmrParamsInterface& params, const char* uri, const char* metadata, int32_t region,
                     bool probe);
 
-// Step by step for people; what to play or why not in the last line.
+// Step by step for people; the last line is the verdict.
 std::string explanationText(const Explanation& explanation);
 
 class JsonText;

@@ -3,54 +3,45 @@
 #include <algorithm>
 #include <cstring>
 
+#include "Region.h"
+
 namespace {
 
 using Record = TarqDlnaResMetadata;
 
-// The format as which the record alone would win; null: it would not.
-const char* formatAlone(ResContestKind kind, int32_t region, Record& record) {
-  const TarqDlnaResSelection selection(region);
-  ResScore score;
-  const int winner = kind == ResContestKind::kMpo ? TarqDlnaResSelection::pickMpo(1, &record, nullptr)
-                                                  : runContest(kind, selection, 1, &record, &score);
-  if (winner != 0) return nullptr;
-  return kind == ResContestKind::kMpo ? "MPO" : record.format.c_str();
+// Whether the record alone would win the contest of `choice`; writes its format.
+bool winsAlone(ResChoice choice, int32_t region, Record& record) {
+  const ResContestKind contest = choice.contest;
+  TarqDlnaResSelection(region).holdContest(choice, 1, &record);
+  return choice.winner == 0 && choice.contest == contest;
 }
 
-// The contest that the record would come to without the others.
-ResContestKind contestAlone(ResContestKind kind, const Record& record) {
-  const TarqDlnaResSelection selection(0);
-  switch (kind) {
-    case ResContestKind::kMusic:
-    case ResContestKind::kWma:
-      return selection.IsWMAContent(1, &record) ? ResContestKind::kWma : ResContestKind::kMusic;
-    case ResContestKind::kVideo:
-    case ResContestKind::kWmv:
-      return selection.IsWMVContent(1, &record) ? ResContestKind::kWmv : ResContestKind::kVideo;
-    default:
-      return kind;
-  }
+// The same for the contest that the record would call for without the others.
+bool winsWithoutOthers(ResChoice choice, int32_t region, Record& record) {
+  TarqDlnaResSelection(region).decideContest(choice, 1, &record, 0);
+  return winsAlone(choice, region, record);
 }
 
 void dropParameters(Record& record) {
-  const char* text = record.mimeType.c_str();
-  if (text != nullptr) record.mimeType = VondString(text, std::strcspn(text, "; "));
+  const char* mimeType = record.mimeType.c_str();
+  if (mimeType != nullptr) record.mimeType = std::string(mimeType, std::strcspn(mimeType, "; ")).c_str();
 }
 
 void toLowerCase(Record& record) {
   if (record.mimeType.c_str() == nullptr) return;
-  std::string text = record.mimeType.c_str();
-  std::ranges::transform(text, text.begin(),
+  std::string mimeType = record.mimeType.c_str();
+  std::ranges::transform(mimeType, mimeType.begin(),
                          [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-  record.mimeType = text.c_str();
+  record.mimeType = mimeType.c_str();
 }
 
-void dropNames(Record& record) { record.dlnaPn = record.orsaPn = record.aribPn = VondString(); }
+void dropNames(Record& record) { record.dlnaPn = record.orsaPn = record.aribPn = nullptr; }
 
 struct Change {
   const char* words;
   void (*make)(Record& record);
-  bool alone = false;  // the change is of the contest, or may bring another one
+  bool ofContest =
+      false;  // it may lead to another contest; that of a photo depends on its picture count only
 };
 constexpr Change kChanges[] = {
     {"without Windows Media beside it", [](Record&) {}, true},
@@ -60,44 +51,28 @@ constexpr Change kChanges[] = {
     {"without its profile name", dropNames},
 };
 
-std::string wouldBe(const char* format, const std::string& words) {
-  return std::string("would be ") + format + " " + words;
+// The multi-picture contest lets in pictures that it has no format for.
+std::string wouldBe(const Record& record, const std::string& words) {
+  if (record.format == nullptr) return "would win " + words + ", but has no format";
+  return std::string("would be ") + record.format + " " + words;
 }
 
 }  // namespace
 
-int runContest(ResContestKind kind, const TarqDlnaResSelection& selection, int count,
-               TarqDlnaResMetadata* records, ResScore* scores) {
-  switch (kind) {
-    case ResContestKind::kPhoto:
-      return selection.selectPhotoResIndex(count, records, scores);
-    case ResContestKind::kMusic:
-      return selection.selectMusicResIndex(count, records, scores);
-    case ResContestKind::kWma:
-      return selection.selectMusicResIndex_WMA(count, records, scores);
-    case ResContestKind::kVideo:
-      return selection.selectVideoResIndex(count, records, scores);
-    case ResContestKind::kWmv:
-      return selection.selectVideoResIndex_WMV(count, records, scores);
-    case ResContestKind::kNone:
-    case ResContestKind::kMpo:
-    case ResContestKind::kHlsRefused:
-      break;
-  }
-  return -1;
-}
-
-std::string whatIf(ResContestKind kind, int32_t region, const TarqDlnaResMetadata& record) {
-  for (const int32_t other : {1, 2, 4, 8, 16}) {
+std::string whatIf(const ResChoice& choice, int32_t region, const TarqDlnaResMetadata& record) {
+  for (const int32_t other : {0x01, 0x02, 0x04, 0x08, kRealMediaRegion}) {
     Record copy = record;
-    const char* format = other == region ? nullptr : formatAlone(kind, other, copy);
-    if (format != nullptr) return wouldBe(format, "in region " + std::to_string(other));
+    if (other != region && winsAlone(choice, other, copy)) {
+      return wouldBe(copy, "in region " + std::to_string(other));
+    }
   }
   for (const Change& change : kChanges) {
+    if (change.ofContest && choice.kind == kCategoryPhoto) continue;
     Record copy = record;
     change.make(copy);
-    const char* format = formatAlone(change.alone ? contestAlone(kind, copy) : kind, region, copy);
-    if (format != nullptr) return wouldBe(format, change.words);
+    const bool wins =
+        change.ofContest ? winsWithoutOthers(choice, region, copy) : winsAlone(choice, region, copy);
+    if (wins) return wouldBe(copy, change.words);
   }
   return {};
 }

@@ -1,11 +1,10 @@
 #ifndef BENCH_ITEMS_H_
 #define BENCH_ITEMS_H_
 
-#include <span>
 #include <string>
 #include <string_view>
 
-// An item with `count` `res` elements as media servers write them. The kind tells which contest it comes to.
+// What the `res` elements of an item offer, which decides the contest that is held for it.
 struct BenchKind {
   std::string_view name;
   std::string_view upnpClass;
@@ -39,25 +38,27 @@ inline constexpr BenchKind kBenchKinds[] = {
      "colorDepth=\"24\""},
 };
 
+inline std::string benchRes(const BenchKind& kind, int index) {
+  const auto form = static_cast<size_t>(index % 4);
+  return "<res size=\"" + std::to_string(36524 + index) + "\" " + kind.attributes + " resolution=\"" +
+         std::to_string(320 + 2 * index) + "x240\" protocolInfo=\"http-get:*:" + kind.contents[form] +
+         ";DLNA.ORG_FLAGS=01700000000000000000000000000000\">http://192.168.0.7:8200/MediaItems/" +
+         std::to_string(index) + "." + kind.extensions[form] + "</res>";
+}
+
+// An item with `count` `res` elements as media servers write them.
 inline std::string benchItem(const BenchKind& kind, int count) {
-  std::string text =
+  std::string didl =
       "<DIDL-Lite xmlns:dc=\"http://purl.org/dc/elements/1.1/\" "
       "xmlns:upnp=\"urn:schemas-upnp-org:metadata-1-0/upnp/\" "
       "xmlns=\"urn:schemas-upnp-org:metadata-1-0/DIDL-Lite/\" "
       "xmlns:dlna=\"urn:schemas-dlna-org:metadata-1-0/\">"
       "<item id=\"64$0$1\" parentID=\"64$0\" restricted=\"1\"><dc:title>Harbour at "
-      "dawn</dc:title><upnp:class>";
-  ((text += kind.upnpClass) += "</upnp:class>") +=
-      "<dc:creator>Somebody</dc:creator><dc:date>2020-01-01</dc:date>";
-  for (int i = 0; i < count; ++i) {
-    const std::string number = std::to_string(i);
-    const auto form = static_cast<size_t>(i % 4);
-    text += "<res size=\"" + std::to_string(36524 + i) + "\" " + kind.attributes + " resolution=\"" +
-            std::to_string(320 + 2 * i) + "x240\" protocolInfo=\"http-get:*:" + kind.contents[form] +
-            ";DLNA.ORG_FLAGS=01700000000000000000000000000000\">http://192.168.0.7:8200/MediaItems/" +
-            number + "." + kind.extensions[form] + "</res>";
-  }
-  return text + "</item></DIDL-Lite>";
+      "dawn</dc:title><upnp:class>" +
+      std::string(kind.upnpClass) +
+      "</upnp:class><dc:creator>Somebody</dc:creator><dc:date>2020-01-01</dc:date>";
+  for (int i = 0; i < count; ++i) didl += benchRes(kind, i);
+  return didl + "</item></DIDL-Lite>";
 }
 
 #endif  // BENCH_ITEMS_H_

@@ -1,12 +1,13 @@
-// What one forwarded call costs beside the JNI work that it cannot do without.
+// One player operation, forwarded to the Java handler. Baseline: the JNI calls that it needs at least.
 #include <benchmark/benchmark.h>
 
+#include <string>
 #include <thread>
 
-#include "Beside.h"
 #include "JavaHandler.h"
 #include "JavaVm.h"
 #include "LoadedPlugin.h"
+#include "PairedTiming.h"
 
 namespace {
 
@@ -17,45 +18,48 @@ JNIEnv& environment() {
   return vm.env();
 }
 
+TarqDmrPlayerInterface* playerWithHandler() {
+  auto* made = LoadedPlugin::instance().symbol<TarqDmrPlayerInterface*()>("GetPlayer")();
+  made->AddCb(&environment(), JavaHandler(environment(), kHandler).object());
+  return made;
+}
+
 TarqDmrPlayerInterface& player() {
-  static TarqDmrPlayerInterface* const registered = [] {
-    auto* made = LoadedPlugin::instance().symbol<TarqDmrPlayerInterface*()>("GetPlayer")();
-    made->AddCb(&environment(), JavaHandler(environment(), kHandler).object());
-    return made;
-  }();
-  return *registered;
+  static TarqDmrPlayerInterface* const shared = playerWithHandler();
+  return *shared;
 }
 
-void forwardedCall(benchmark::State& state) {
-  JNIEnv& env = environment();
-  const JavaHandler handler(env, kHandler);
-  const auto bareCall = [&] {
-    const jclass handlerClass = env.GetObjectClass(handler.object());
-    const jmethodID method = env.GetMethodID(handlerClass, "stop", "(I)I");
-    benchmark::DoNotOptimize(env.CallIntMethod(handler.object(), method, jint{0}));
-    env.DeleteLocalRef(handlerClass);
-  };
+void bareCall(JNIEnv& env, jobject handler) {
+  const jclass handlerClass = env.GetObjectClass(handler);
+  const jmethodID method = env.GetMethodID(handlerClass, "stop", "(I)I");
+  benchmark::DoNotOptimize(env.CallIntMethod(handler, method, jint{0}));
+  env.DeleteLocalRef(handlerClass);
+}
+
+void attachedThread(benchmark::State& state) {
+  const JavaHandler handler(environment(), kHandler);
   TarqDmrPlayerInterface& target = player();
-  measureBeside(
-      state, bareCall, [&] { benchmark::DoNotOptimize(target.Stop(0)); }, 100);
+  timeAgainstBaseline(
+      state, [&] { bareCall(environment(), handler.object()); },
+      [&] { benchmark::DoNotOptimize(target.Stop(0)); }, 100);
 }
-BENCHMARK(forwardedCall)->UseRealTime();
+BENCHMARK(attachedThread)->UseRealTime();
 
-// Attaches and detaches the thread for every call.
-void foreignCall(benchmark::State& state) {
+// Every call attaches the thread to the VM and detaches it.
+void foreignThread(benchmark::State& state) {
   TarqDmrPlayerInterface& target = player();
   std::thread([&] {
     for (auto _ : state) benchmark::DoNotOptimize(target.Stop(0));
   }).join();
 }
-BENCHMARK(foreignCall)->UseRealTime();
+BENCHMARK(foreignThread)->UseRealTime();
 
-void textCall(benchmark::State& state) {
+void longString(benchmark::State& state) {
   TarqDmrPlayerInterface& target = player();
   const std::string metadata(static_cast<size_t>(state.range(0)), 'm');
   for (auto _ : state)
     benchmark::DoNotOptimize(target.SetDataSource(0, "http://192.168.0.2/1", metadata.c_str(), "audio/mpeg"));
 }
-BENCHMARK(textCall)->Arg(4096)->UseRealTime();
+BENCHMARK(longString)->Arg(4096)->UseRealTime();
 
 }  // namespace

@@ -1,4 +1,4 @@
-# One dialect and one set of warnings for everything that is built here.
+# One language standard and one set of warnings for everything that is built here.
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -8,12 +8,14 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 
 option(TARQ_BENCH "Build the benchmarks" OFF)
-option(TARQ_FUZZ "Build the fuzzers, with Clang and fuzzer-no-link among the sanitizers" OFF)
-set(TARQ_SANITIZE "" CACHE STRING "What -fsanitize takes, e.g. address,undefined")
+option(TARQ_FUZZ "Build the fuzzers; needs Clang and fuzzer-no-link among the sanitizers" OFF)
+set(TARQ_SANITIZE "" CACHE STRING "The value for -fsanitize, for example address,undefined")
 
-add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+# Only our own presets make warnings errors (CMAKE_COMPILE_WARNING_AS_ERROR): another project's compiler may warn of
+# something else.
+add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  # GCC 12 warns of overlaps inside its own std::string operator+ (GCC bug 105651).
+  # GCC 12 warns about overlaps inside its own std::string operator+ (GCC bug 105651).
   add_compile_options(-Wno-restrict)
 endif()
 if(TARQ_SANITIZE)
@@ -26,8 +28,7 @@ if(TARQ_SANITIZE)
   add_link_options(-fsanitize=${TARQ_SANITIZE})
 endif()
 
-# Compiles and links the parts of a library as one: 1.5 % fewer instructions for a check, and a plug-in 7 %
-# smaller.
+# Link-time optimisation over the parts of a library: 1.5 % fewer instructions for a check, a plug-in 7 % smaller.
 include(CheckIPOSupported)
 check_ipo_supported(RESULT TARQ_LINK_TIME_OPTIMIZATION OUTPUT ignored LANGUAGES CXX)
 function(tarq_optimize_as_one target)

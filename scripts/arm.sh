@@ -5,8 +5,8 @@ cd "$(dirname "$0")/.."
 
 scripts/install-packages.sh packages.txt packages-arm.txt
 
-# The libraries of the target, with all they depend on, unpacked in a folder: installed beside this machine's own they
-# would have to be of the very same versions. apt looks at them as a machine without any package would.
+# The libraries of the target, with all their dependencies, are unpacked into a folder. Installing them would need the
+# very versions that this machine has of its own. apt resolves them as on a machine without any package.
 sysroot=build/arm-sysroot
 if ! cmp -s scripts/sysroot-arm.txt "$sysroot/packages.txt"; then
   rm -rf "$sysroot"
@@ -18,12 +18,13 @@ if ! cmp -s scripts/sysroot-arm.txt "$sysroot/packages.txt"; then
     apt-get -qq -o APT::Architecture=armhf -o APT::Architectures::=armhf -o APT::Sandbox::User="$(id -un)" \
       -o Dir::State="$apt" -o Dir::State::status="$apt/status" -o Dir::Cache="$apt/cache" -o Debug::NoLocking=1 "$@"
   }
-  for_arm update || echo "some package lists are missing; going on with the others"
-  for_arm install --yes --no-install-recommends --download-only $(sed 's/#.*//' scripts/sysroot-arm.txt)
+  for_arm update || echo "some package lists are missing; continuing with the others"
+  mapfile -t packages < <(sed -n 's/ *#.*//; /./p' scripts/sysroot-arm.txt)
+  for_arm install --yes --no-install-recommends --download-only "${packages[@]}"
   for package in "$apt"/cache/archives/*.deb; do
     dpkg --extract "$package" "$sysroot"
   done
-  # Links from the root are meant from the root of the target.
+  # Absolute links start at the target's root.
   find "$sysroot" -type l -lname '/*' -printf '%p %l\n' | while read -r link target; do
     ln -sfn "$PWD/$sysroot$target" "$link"
   done

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Prints what the work of the plug-in costs, each row beside the least that it could cost.
-# Instructions are the difference of two repetition counts under callgrind: they do not depend on the machine's load.
-# Times are medians of runs in turn, and do.
+# Measures what the plug-in's work costs, each row against a baseline: the least work that could do the same.
+# Instructions are the difference between two repetition counts under callgrind and do not depend on the machine's
+# load. Times do: they are medians of runs of both, one after the other.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -12,14 +12,17 @@ bin=build/release/bin
 
 instructions() {  # WHAT KIND COUNT
   local few=20 many=120 low high
-  run() { valgrind --tool=callgrind --callgrind-out-file=/dev/null $bin/tarq-work "$@" 2>&1 >/dev/null | awk '/Collected/ {print $4}'; }
+  run() {
+    valgrind --tool=callgrind --callgrind-out-file=/dev/null $bin/tarq-work "$@" 2>&1 >/dev/null |
+      awk '/Collected/ {print $4}'
+  }
   low=$(run "$@" $few)
   high=$(run "$@" $many)
   echo $(((high - low) / (many - few)))
 }
 
-echo "== instructions of a whole check, beside a bare walk of the same text"
-printf '%-6s %5s %12s %12s %6s\n' kind res walk check ratio
+echo "== instructions of a whole check; baseline: a bare walk of the same document"
+printf '%-6s %5s %12s %12s %6s\n' kind res baseline check ratio
 for kind in video music photo; do
   for count in 1 4 16 64 256; do
     walk=$(instructions walk "$kind" "$count")
@@ -28,9 +31,9 @@ for kind in video music photo; do
       'BEGIN {printf "%-6s %5d %12d %12d %6.2f\n", kind, count, walk, check, check / walk}'
   done
 done
-printf '\n== the sink text of region 2: %d instructions\n' "$(instructions sink video 1)"
+printf '\n== the sink protocolInfo of region 2: %d instructions\n' "$(instructions sink video 1)"
 
-printf '\n== times, beside the same by bare libraries in turn\n'
+printf '\n== times; baseline: the same work with bare libraries\n'
 $bin/tarq-bench --benchmark_counters_tabular=true 2>/dev/null
 
 printf '\n== a batch\n'

@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
-# Runs the tests and prints the lines that they do not reach, file by file, and the share they reach of each folder.
+# Runs the tests and prints the lines that they do not reach, file by file, and the share of each folder's lines that
+# they do.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/install-packages.sh
 build=build/coverage
 jobs=$(nproc)
-# Counters of several threads: without atomic ones some would end below zero.
+# Atomic counters: others lose counts, and may end below zero, when several threads run.
 cmake -S . -B "$build" -G Ninja --log-level=WARNING -DCMAKE_BUILD_TYPE=Debug \
   -DCMAKE_CXX_FLAGS="--coverage -fprofile-update=atomic"
 cmake --build "$build" --parallel "$jobs"

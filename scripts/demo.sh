@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds the plug-in and the desktop host, then shows one whole typical request.
+# Builds the plug-in and the desktop host, then shows a typical request from start to end.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 

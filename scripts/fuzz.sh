@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Builds the fuzzers and runs each of them, as many at once as there are cores. A fuzzer ends after that many seconds
-# or with its first fault. New inputs go to build/fuzz/new/TARGET and count in later runs, those that show a fault to
+# Builds the fuzzers and runs each of them for SECONDS or until its first fault, as many at once as there are cores.
+# New inputs are kept in build/fuzz/new/TARGET for later runs; inputs that show a fault go to
 # build/fuzz/faults/TARGET-*. Fails when there was a fault.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-seconds=${1:?"usage: scripts/fuzz.sh SECONDS [TARGET...]   (targets: $(ls fuzz/corpus | xargs))"}
+seconds=${1:?"usage: scripts/fuzz.sh SECONDS [TARGET...]   (targets: $(cd fuzz/corpus && echo *))"}
 shift
 targets=("$@")
 [ ${#targets[@]} -gt 0 ] || mapfile -t targets < <(ls fuzz/corpus)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs those packages that this machine lacks: of scripts/packages.txt, or of the lists named instead. Does
-# nothing, and needs no rights, when all are there.
+# Installs the packages of scripts/packages.txt, or of the lists named as arguments, that are missing. When none is
+# missing it prints nothing and needs no privileges.
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -11,7 +11,7 @@ while read -r package _; do
   case "$package" in ''|'#'*) continue ;; esac
   dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
 done < <(cat "${lists[@]}")
-[ ${#missing[@]} -eq 0 ] && exit 0
+[ ${#missing[@]} -gt 0 ] || exit 0
 
 as_root=()
 [ "$(id -u)" -eq 0 ] || as_root=(sudo)

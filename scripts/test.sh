@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Checks format and lint, then builds and tests. `scripts/test.sh PRESET...` does so for these presets only;
-# without any: release, asan, tsan and fuzz. `scripts/test.sh --no-lint PRESET...` leaves the first step out.
+# Checks format, lint and sizes, then builds and tests every preset that CI runs: release, asan, tsan and fuzz.
+# `scripts/test.sh PRESET...` takes these presets instead; `scripts/test.sh --no-lint PRESET...` only builds and tests.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -18,6 +18,7 @@ jobs=$(nproc)
 if [ "$lint" = yes ]; then
   cmake --preset "${presets[0]}"
   scripts/lint.sh "build/${presets[0]}"
+  scripts/sizes.sh --check
 fi
 for preset in "${presets[@]}"; do
   echo "== $preset"

@@ -5,9 +5,11 @@
 #include "VondString.h"
 
 // Builds the SinkProtocolInfo string of the visible media profiles: first the entries of the DLNA profiles,
-// each with its vendor or ARIB counterpart merged in, then all others. Returns: never null; valid until the
-// next call. Ownership: the builder keeps the string. Threads: one caller at a time. Source:
-// ConnectionManager:1, 2.2.2.
+// each with its vendor or ARIB counterpart merged in, then all others.
+// Returns: never null; valid until the next call.
+// Ownership: the builder keeps the string.
+// Threads: one caller at a time.
+// Source: ConnectionManager:1, 2.2.2.
 const char* TarqDmrMediaProfile_GetProtocolInfo();
 
 // The counterpart that is advertised in one entry with `row`, searched among the rows that `it` has still to

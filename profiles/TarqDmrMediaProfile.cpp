@@ -8,8 +8,8 @@
 
 namespace {
 
-// Offered in every region, whatever the mask: the AVI and Xvid family, compared over the length of the
-// prefix.
+// Offered in every region, whatever the mask: the AVI and Xvid family, compared over the length
+// of the prefix.
 constexpr std::string_view kEverywherePrefixes[] = {"video/avi", "video/x-msvideo", "video/x-avi",
                                                     "video/x-xvid"};
 

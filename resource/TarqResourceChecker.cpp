@@ -194,7 +194,8 @@ int TarqResourceChecker::getResourceHeader(TarqResource& resource, xMraCategory&
   return kAccepted;
 }
 
-// Looks up the format group by the server's answer. Returns: 0 found, 1 not found.
+// Looks up the format group by the server's answer.
+// Returns: 0 found, 1 not found.
 int TarqResourceChecker::getContentFormat(const TarqResource& resource) {
   const char* mimeType = resource.mimeType.c_str();
   if (mimeType == nullptr || !VondMimeType(mimeType).IsValid()) return 1;

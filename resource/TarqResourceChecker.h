@@ -7,9 +7,10 @@
 #include "VondMutex.h"
 #include "VondString.h"
 
-// Decides whether a URI with its metadata can be played, and what exactly to play of it: from the strings
-// alone for Internet and streaming content, by a res selection and a HEAD request for content on the home
-// network. Ownership: all its strings, except the URI of a quick acceptance, which stays the caller's.
+// Decides whether a URI with its metadata can be played, and what exactly to play of it: from the
+// strings alone for Internet and streaming content, by a res selection and a HEAD request for content
+// on the home network.
+// Ownership: all its strings, except the URI of a quick acceptance, which stays the caller's.
 // Threads: `Cancel` from any thread while the checker exists; everything else from one. The mutex guards
 //   `client_` and `cancelled_` only; it is never held while the server is being asked.
 class TarqResourceChecker final : public TarqResourceCheckerInterface {

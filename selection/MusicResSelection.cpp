@@ -63,7 +63,8 @@ ResRule ruleOf(const TarqDlnaResMetadata& record) {
   return record.dlnaPn.c_str() != nullptr ? ResRule::kProfile : ResRule::kMimeType;
 }
 
-// Writes format and rule. Returns: the points of position 0, or 0 when the candidate is out.
+// Writes format and rule.
+// Returns: the points of position 0, or 0 when the candidate is out.
 int32_t classifyMusic(TarqDlnaResMetadata& record) {
   if (const NamedFormat* row = findFormat(musicProfileTable, record, kEquals)) {
     record.format = row->format;
@@ -88,7 +89,8 @@ ResRule wmaRule(const TarqDlnaResMetadata& record) {
   return declaresByteSeek(record.fourthField) ? ResRule::kSeekable : ResRule::kNotSeekable;
 }
 
-// Writes format, rule and format points. Returns: false when the candidate is out.
+// Writes format, rule and format points.
+// Returns: false when the candidate is out.
 bool classifyWma(TarqDlnaResMetadata& record) {
   ResScore& score = record.score;
   if (const NamedFormat* row = findFormat(wmaProfileTable, record, kBegins)) {

@@ -8,9 +8,9 @@
 
 // What the points contests of photos, music and video have in common.
 //
-// A contest is three steps: classify each candidate (which format is it, is it in at all), score it (points
-// by cause), pick the winner (the first with the highest score above 0). A candidate that is out keeps 0
-// points.
+// A contest is three steps: classify each candidate (which format is it, is it in at all), score it
+// (points by cause), pick the winner (the first with the highest score above 0). A candidate that is out
+// keeps 0 points.
 
 // Keeps the first of the highest scores above 0. Offer the candidates from index 0 upward.
 struct BestScore {
@@ -53,7 +53,8 @@ class NearestFullHd {
 };
 
 // The contest of photos and of videos. `classify` takes a record and returns whether the candidate is in; it
-// then has written format, rule and format points. Returns: the winner's index or -1.
+// then has written format, rule and format points.
+// Returns: the winner's index or -1.
 template <class Classify>
 int runPictureContest(const ContestPoints& points, int count, TarqDlnaResMetadata* records,
                       Classify classify) {

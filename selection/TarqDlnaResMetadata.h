@@ -8,8 +8,8 @@
 
 // What a selection knows of one `res` element. Record i of an array describes element i of the object.
 // Null: a string is absent until it is read. Strings stay in the case in which the server wrote them.
-// Ownership: the record owns its `VondString`s; `resolution` belongs to the document and `format` is a
-// constant.
+// Ownership: the record owns its `VondString`s; `resolution` belongs to the document and `format`
+//   is a constant.
 struct TarqDlnaResMetadata {
   VondString mimeType;           // the content format; of link-protected content its CONTENTFORMAT parameter
   VondString fourthField;        // whole

@@ -45,7 +45,8 @@ void readParameters(const VondPI4thField& parameters, TarqDlnaResMetadata& recor
 }
 
 // The record whose category is the media kind of the object: music and video outrank photos, and between
-// those two the later element decides. Returns: its index, -1 when no record is photo, music or video.
+// those two the later element decides.
+// Returns: its index, -1 when no record is photo, music or video.
 int kindDecidingRecord(const TarqDlnaResMetadata* records, int count) {
   int lastPhoto = -1;
   for (int i = count - 1; i >= 0; --i) {
@@ -151,33 +152,32 @@ void TarqDlnaResSelection::decideContest(ResChoice& choice, int count, const Tar
   }
 }
 
-void TarqDlnaResSelection::holdContest(ResChoice& choice, int count, TarqDlnaResMetadata* records) {
-  switch (choice.contest) {
+int TarqDlnaResSelection::runContest(ResContestKind contest, int count, TarqDlnaResMetadata* records) {
+  switch (contest) {
     case ResContestKind::kPhoto:
-      choice.winner = selectPhotoResIndex(count, records);
-      return;
+      return selectPhotoResIndex(count, records);
     case ResContestKind::kMpo:
-      choice.winner = selectPhotoResIndex_MPO(count, records);
-      if (choice.winner == -1 || records[choice.winner].score.rule != ResRule::kMultiPicture) {
-        choice.contest = ResContestKind::kPhoto;
-      }
-      return;
+      return selectPhotoResIndex_MPO(count, records);
     case ResContestKind::kMusic:
-      choice.winner = selectMusicResIndex(count, records);
-      return;
+      return selectMusicResIndex(count, records);
     case ResContestKind::kWma:
-      choice.winner = selectMusicResIndex_WMA(count, records);
-      return;
+      return selectMusicResIndex_WMA(count, records);
     case ResContestKind::kVideo:
-      choice.winner = selectVideoResIndex(count, records);
-      return;
+      return selectVideoResIndex(count, records);
     case ResContestKind::kWmv:
-      choice.winner = selectVideoResIndex_WMV(count, records);
-      return;
+      return selectVideoResIndex_WMV(count, records);
     case ResContestKind::kNone:
     case ResContestKind::kHlsRefused:
-      return;
+      break;
   }
+  return -1;
+}
+
+void TarqDlnaResSelection::holdContest(ResChoice& choice, int count, TarqDlnaResMetadata* records) {
+  choice.winner = runContest(choice.contest, count, records);
+  if (choice.contest != ResContestKind::kMpo) return;
+  const bool byRank = choice.winner != -1 && records[choice.winner].score.rule == ResRule::kMultiPicture;
+  if (!byRank) choice.contest = ResContestKind::kPhoto;
 }
 
 ResChoice TarqDlnaResSelection::choose(const TARQ_Object* object, TarqDlnaResMetadata* records, int count,

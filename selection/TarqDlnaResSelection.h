@@ -9,9 +9,10 @@
 // Picks the one `res` element of a DIDL-Lite object that this renderer plays best.
 //
 // In every operation `records` is the caller's array of `count` records, one for each `res` element in
-// document order. The contests ("select...ResIndex") write the format and the score of each. Returns: a
-// contest, the index of the chosen record from 0, or -1 when there is none. Ownership: nothing. Threads: an
-// object and its records belong to one thread. The first selection of a process must end before
+// document order. The contests ("select...ResIndex") write the format and the score of each.
+// Returns: a contest, the index of the chosen record from 0, or -1 when there is none.
+// Ownership: nothing.
+// Threads: an object and its records belong to one thread. The first selection of a process must end before
 //   another starts (it fills two process-wide maps); after that any number may run at once.
 class TarqDlnaResSelection {
  public:
@@ -30,8 +31,8 @@ class TarqDlnaResSelection {
   // Two of its steps, for whoever asks what another choice would have been.
   // Decides which contest an object of that media kind calls for.
   void decideContest(ResChoice& choice, int count, const TarqDlnaResMetadata* records, int excludeHls) const;
-  // Holds it and writes the winner. When the multi-picture contest has no candidate, the photo contest
-  // decides.
+  // Holds it and writes the winner. When the multi-picture contest has no candidate, the
+  // photo contest decides.
   void holdContest(ResChoice& choice, int count, TarqDlnaResMetadata* records);
 
   // The category of one `res` element; writes to `*stage`, unless it is null, what decided it.
@@ -44,8 +45,9 @@ class TarqDlnaResSelection {
   static int getFileExtension(const char* url, VondString& extension);
 
   // The format of a video by MIME type and extension. With a format, `*weight` becomes 200 (identified) or
-  // 100 (guessed), and `*rule`, unless it is null, what identified it; without one they stay. Returns: a
-  // constant, null when the format is unknown. Null: either string may be null.
+  // 100 (guessed), and `*rule`, unless it is null, what identified it; without one they stay.
+  // Returns: a constant, null when the format is unknown.
+  // Null: either string may be null.
   const char* getVideoCodecFormat(const char* mime, const char* extension, int* weight,
                                   ResRule* rule = nullptr) const;
 
@@ -69,6 +71,7 @@ class TarqDlnaResSelection {
   ResSkip readRecord(const TARQ_Object* object, unsigned int index, TarqDlnaResMetadata& record);
   void classifyMedia(const TARQ_Attributes* attributes, TarqDlnaResMetadata& record);
 
+  int runContest(ResContestKind contest, int count, TarqDlnaResMetadata* records);
   bool classifyVideo(TarqDlnaResMetadata& record) const;
   bool classifyWmv(TarqDlnaResMetadata& record) const;
   int32_t classifyByCodec(TarqDlnaResMetadata& record) const;

@@ -11,8 +11,8 @@
 #include "VondArrayMap.h"
 
 // The video formats that the contests know: by profile name, and by MIME type. The order of both tables
-// matters: prefix comparisons take the first row that fits, and the maps number the rows from 1 (0 reads as
-// absent).
+// matters: prefix comparisons take the first row that fits, and the maps number the rows from 1 (0
+// reads as absent).
 
 // The field of a record that holds the profile name a row is keyed on.
 using ProfileNameField = VondString TarqDlnaResMetadata::*;

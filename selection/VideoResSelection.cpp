@@ -43,7 +43,8 @@ bool TarqDlnaResSelection::classifyVideo(TarqDlnaResMetadata& record) const {
   return true;
 }
 
-// By MIME type and extension. Returns: the points of the format, or 0 when there is none.
+// By MIME type and extension.
+// Returns: the points of the format, or 0 when there is none.
 int32_t TarqDlnaResSelection::classifyByCodec(TarqDlnaResMetadata& record) const {
   int weight = 0;
   const char* format =

@@ -43,8 +43,8 @@ void VondString::assign(const char* string, size_t length) noexcept {
   length_ = length;
 }
 
-// Makes room for `length` bytes and a NUL after them, and keeps what is there. Null: no memory; the string is
-// absent.
+// Makes room for `length` bytes and a NUL after them, and keeps what is there.
+// Null: no memory; the string is absent.
 char* VondString::reserve(size_t length) noexcept {
   const size_t room = capacity_ != 0 ? capacity_ : kInlineBytes;
   if (length < room) {

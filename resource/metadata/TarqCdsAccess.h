@@ -19,8 +19,8 @@ void TARQ_Result_DestroyResult(TARQ_Result* result);                            
 int TARQ_Result_NumOfObjects(const TARQ_Result* result);                         // `result` not null
 const TARQ_Object* TARQ_Result_GetObject(const TARQ_Result* result, int index);  // from 0; `result` not null
 
-// In the next three `object` is not null. A property is a child element; `name` is its element name, e.g.
-// "res".
+// In the next three `object` is not null. A property is a child element; `name` is its element
+// name, e.g. "res".
 int TARQ_Object_NumOfProperties(const TARQ_Object* object, const unsigned char* name);  // null: of all names
 const unsigned char* TARQ_Object_GetPropertyValue(const TARQ_Object* object, const unsigned char* name,
                                                   unsigned int index);
@@ -28,8 +28,8 @@ const unsigned char* TARQ_Object_GetPropertyValue(const TARQ_Object* object, con
 const unsigned char* TARQ_Object_GetAttributeValue(const TARQ_Object* object, const unsigned char* name,
                                                    unsigned int index, const unsigned char* attribute);
 
-// The same in two steps, for whoever reads several attributes of one element. Null: no such property, or it
-// has no attributes; `attributes` not null.
+// The same in two steps, for whoever reads several attributes of one element.
+// Null: no such property, or it has no attributes; `attributes` not null.
 const TARQ_Attributes* TARQ_Object_GetAttributes(const TARQ_Object* object, const unsigned char* name,
                                                  unsigned int index);
 const unsigned char* TARQ_Attributes_GetValue(const TARQ_Attributes* attributes,

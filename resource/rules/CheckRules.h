@@ -20,10 +20,12 @@ struct QuickTest {
 };
 std::span<const QuickTest> quickTests();
 
-// Whether a URL's host is on the home network: a literal IPv4 address. Null: false.
+// Whether a URL's host is on the home network: a literal IPv4 address.
+// Null: false.
 bool isHomeNetwork(const char* host);
 
-// Returns: the test that passes, null when none does. Null: without metadata none passes.
+// Returns: the test that passes, null when none does.
+// Null: without metadata none passes.
 const QuickTest* findQuickTest(const char* uri, const char* metadata, bool homeNetwork);
 const char* mimeTypeOf(const QuickTest& test, const char* metadata);
 
@@ -31,10 +33,12 @@ const char* mimeTypeOf(const QuickTest& test, const char* metadata);
 bool isRvuContent(const char* metadata);
 // Whether the server is asked before the content is played, unless a quick test accepted it.
 bool isProbed(bool homeNetwork, const char* metadata);
-// The only scheme that is probed. Null: false.
+// The only scheme that is probed.
+// Null: false.
 bool isHttpUri(const char* uri);
 
-// What `VondHspDlnaRequest::SetTransferMode` takes. Source: DLNA guidelines, part 1-1, 7.5.4.3.2.33.
+// What `VondHspDlnaRequest::SetTransferMode` takes.
+// Source: DLNA guidelines, part 1-1, 7.5.4.
 enum TransferMode : int {
   kTransferStreaming = 0,
   kTransferInteractive = 1,
@@ -48,7 +52,8 @@ TarqCheckResult resultOfStatus(int status);
 
 // What a row of the media profile table is compared with when the server's answer alone decides. The first
 // profile name of the answer, for rows with a name; when there is none, the MIME type, for bare MIME rows.
-// Ownership: `profile` points into the parameters, `mimeType` is the string passed in. Null: not compared.
+// Ownership: `profile` points into the parameters, `mimeType` is the string passed in.
+// Null: not compared.
 struct FormatKey {
   const char* profile;
   const char* mimeType;

@@ -92,65 +92,33 @@ const char* categoryNoun(MediaCategory category) {
 }
 
 const char* stageWord(CategoryStage stage) {
-  switch (stage) {
-    case CategoryStage::kMimeType:
-      return "MIME type";
-    case CategoryStage::kProfileName:
-      return "profile name";
-    case CategoryStage::kExtension:
-      return "extension";
-    case CategoryStage::kNone:
-      break;
-  }
-  return nullptr;
+  constexpr const char* kWords[] = {nullptr, "MIME type", "profile name", "extension"};
+  return kWords[static_cast<size_t>(stage)];
 }
 
 const char* skipWords(ResSkip skip) {
-  switch (skip) {
-    case ResSkip::kNone:
-      return nullptr;
-    case ResSkip::kNoProtocolInfo:
-      return "it has no protocolInfo";
-    case ResSkip::kNoColon:
-      return "its protocolInfo has no \":\"";
-    case ResSkip::kNoUrl:
-      return "it has no URL";
-    case ResSkip::kBadProtocolInfo:
-      return "its protocolInfo does not parse";
-    case ResSkip::kBadContentFormat:
-      return "its third protocolInfo field, with a CONTENTFORMAT, does not parse";
-    case ResSkip::kBadFourthField:
-      break;
-  }
-  return "its fourth protocolInfo field does not parse (a \"=\" without a name before it)";
+  constexpr const char* kWords[] = {
+      nullptr,
+      "it has no protocolInfo",
+      "its protocolInfo has no \":\"",
+      "it has no URL",
+      "its protocolInfo does not parse",
+      "its third protocolInfo field, with a CONTENTFORMAT, does not parse",
+      "its fourth protocolInfo field does not parse (a \"=\" without a name before it)",
+  };
+  return kWords[static_cast<size_t>(skip)];
 }
 
 const char* metadataWords(MetadataState state) {
-  switch (state) {
-    case MetadataState::kAbsent:
-      return "there is none";
-    case MetadataState::kNotParsed:
-      return "it is not valid DIDL-Lite";
-    case MetadataState::kNoObject:
-      return "it has no item or container";
-    case MetadataState::kNoRes:
-      return "its first object has no res element";
-    case MetadataState::kRead:
-      break;
-  }
-  return "read";
+  constexpr const char* kWords[] = {"there is none", "it is not valid DIDL-Lite",
+                                    "it has no item or container", "its first object has no res element",
+                                    "read"};
+  return kWords[static_cast<size_t>(state)];
 }
 
 const char* transferModeWord(TransferMode mode) {
-  switch (mode) {
-    case kTransferStreaming:
-      return "Streaming";
-    case kTransferInteractive:
-      return "Interactive";
-    case kTransferUnspecified:
-      break;
-  }
-  return nullptr;
+  if (mode == kTransferUnspecified) return nullptr;
+  return mode == kTransferStreaming ? "Streaming" : "Interactive";
 }
 
 const char* whyNotProbed(const Explanation& explanation) {

@@ -6,8 +6,8 @@
 
 #include "Explanation.h"
 
-// What the facts of an explanation are called, for people and in JSON. Constant strings unless said
-// otherwise.
+// What the facts of an explanation are called, for people and in JSON. Constant strings
+// unless said otherwise.
 
 struct ContestWords {
   const char* key;

@@ -15,8 +15,10 @@
 
 // Everything that a check of one resource looks at and what each step found, in the order of the check. The
 // facts come from the code that decides (selection/, resource/rules/) and from the plug-in's own checker;
-// nothing here decides anything. Null: a string that is absent. Ownership: the parsed metadata and all
-// strings except the URI. Threads: an explanation belongs to one thread.
+// nothing here decides anything.
+// Null: a string that is absent.
+// Ownership: the parsed metadata and all strings except the URI.
+// Threads: an explanation belongs to one thread.
 
 struct UriFacts {
   const char* text;

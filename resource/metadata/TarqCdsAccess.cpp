@@ -72,8 +72,8 @@ const unsigned char* TARQ_Object_GetAttributeValue(const TARQ_Object* object, co
   return attributes == nullptr ? nullptr : TARQ_Attributes_GetValue(attributes, attribute);
 }
 
-TARQ_Resolution* TARQ_Resolution_Parse(const unsigned char* text) {
-  VondResolution* resolution = VondResolution::Parse(plainText(text), 'x');
+TARQ_Resolution* TARQ_Resolution_Parse(const unsigned char* string) {
+  VondResolution* resolution = VondResolution::Parse(plainText(string), 'x');
   if (resolution == nullptr) return nullptr;
   if (resolution->GetStatus() != 0) {
     delete resolution;

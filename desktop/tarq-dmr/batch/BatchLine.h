@@ -5,8 +5,6 @@
 
 #include "BatchInput.h"
 
-inline constexpr int kInvalidLine = -1;  // in the place of a result code
-
 // What one line of a batch asks for. The strings lie in the line itself.
 struct BatchRequest {
   const char* problem = nullptr;  // what is wrong with the line, a constant; null: nothing

@@ -13,6 +13,8 @@
 
 namespace {
 
+constexpr int kInvalidLine = -1;  // in the place of a result code
+
 class BatchRun {
  public:
   BatchRun(TarqDmrParamsInterface& params, const BatchOptions& options, const BatchAnswer& answer)

@@ -1,29 +1,21 @@
+#include "CheckCommand.h"
+
 #include <cstdio>
 
-#include "Commands.h"
-#include "HostSession.h"
+#include "BatchRun.h"
+#include "CommandError.h"
 #include "InputFile.h"
-#include "JsonText.h"
+#include "ResultJson.h"
 #include "ResultText.h"
 #include "TextOutput.h"
 
 namespace {
 
-void printResultLine(int code, const TarqResourceInfo& resource) {
-  JsonText json;
-  if (code == 0) {
-    writeAccepted(json, resource);
-  } else {
-    writeRefused(json, code, describe(code));
-  }
-  std::puts(json.text().c_str());
-}
-
-// For a shell: nothing in it means anything but itself.
-std::string shellWord(const std::string& text) {
-  std::string word = "'";
-  for (const char c : text) word += c == '\'' ? "'\\''" : std::string(1, c);
-  return printable(word + "'");
+// Quoted for a shell: nothing in the word means anything but itself.
+std::string shellWord(const std::string& word) {
+  std::string quoted = "'";
+  for (const char c : word) quoted += c == '\'' ? "'\\''" : std::string(1, c);
+  return printable(quoted + "'");
 }
 
 std::string explainCommand(const CheckOptions& options) {
@@ -34,12 +26,34 @@ std::string explainCommand(const CheckOptions& options) {
 }
 
 void printResult(int code, const TarqResourceInfo& resource, const CheckOptions& options) {
-  if (code == 0) {
+  if (options.json) {
+    JsonWriter json;
+    writeResult(json, code, resource);
+    std::puts(json.str().c_str());
+  } else if (code == kAccepted) {
     std::puts(describe(code));
     printResource(resource);
   } else {
     std::printf("refused (%d): %s\nwhy: %s\n", code, describe(code), explainCommand(options).c_str());
   }
+}
+
+int checkOne(TarqDmrParamsInterface& params, const CheckOptions& options, const char* metadata) {
+  params.SetCurrentRegion(options.region);
+  const auto checker = newChecker(params);
+  const int code = checker->CheckResource(options.uri.c_str(), metadata);
+  printResult(code, *checker->GetResource(), options);
+  return code == kAccepted ? kExitOk : kExitRefused;
+}
+
+int checkBatch(TarqDmrParamsInterface& params, const CheckOptions& options) {
+  const auto check = [&params](JsonWriter& json, const BatchRequest& request) {
+    const auto checker = newChecker(params);
+    const int code = checker->CheckResource(request.uri, request.metadata);
+    writeResult(json, code, *checker->GetResource());
+  };
+  runBatch(params, {*options.batchFile, options.region, options.jobs}, check);
+  return kExitOk;
 }
 
 }  // namespace
@@ -48,14 +62,6 @@ int runCheck(const CheckOptions& options) {
   std::optional<std::string> metadata;
   if (options.metadataFile) metadata = readMetadata(*options.metadataFile);
   TarqDmrParamsInterface& params = *openHost(options.host).GetParams();
-  params.SetCurrentRegion(options.region);
-
-  const auto checker = newChecker(params);
-  const int code = checker->CheckResource(options.uri.c_str(), metadata ? metadata->c_str() : nullptr);
-  if (options.json) {
-    printResultLine(code, *checker->GetResource());
-  } else {
-    printResult(code, *checker->GetResource(), options);
-  }
-  return code == 0 ? kExitOk : kExitRefused;
+  if (options.batchFile) return checkBatch(params, options);
+  return checkOne(params, options, metadata ? metadata->c_str() : nullptr);
 }

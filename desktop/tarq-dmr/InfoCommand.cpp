@@ -1,10 +1,12 @@
+#include "InfoCommand.h"
+
 #include <cstdio>
 #include <string>
 #include <variant>
 
-#include "Commands.h"
+#include "CommandError.h"
 #include "HostSession.h"
-#include "JsonText.h"
+#include "JsonObject.h"
 #include "TextOutput.h"
 
 namespace {
@@ -89,48 +91,35 @@ void printPlugin(const PluginInfo& info) {
   const std::string version = std::to_string(v[0]) + "." + std::to_string(v[1]) + "." + std::to_string(v[2]);
   std::printf("Plug-in\n");
   printRow("version", kNameWidth, version.c_str());
-  printRow("company", kNameWidth, recordText(info.company).c_str());
-  printRow("product", kNameWidth, recordText(info.product).c_str());
-  printRow("description", kNameWidth, recordText(info.description).c_str());
+  printRow("company", kNameWidth, recordString(info.company).c_str());
+  printRow("product", kNameWidth, recordString(info.product).c_str());
+  printRow("description", kNameWidth, recordString(info.description).c_str());
 }
 
 template <class Interface, size_t N>
-void writeSettings(JsonText& json, const char* key, const Setting<Interface> (&settings)[N],
-                   Interface& from) {
-  json.key(key);
-  json.openObject();
+void writeSettings(JsonObject& object, const Setting<Interface> (&settings)[N], Interface& from) {
   for (const auto& setting : settings) {
-    json.key(setting.name);
-    std::visit([&json](auto value) { json.value(value); }, setting.read(from));
+    std::visit([&](auto value) { object.add(setting.name, value); }, setting.read(from));
   }
-  json.closeObject();
 }
 
-void writePlugin(JsonText& json, const PluginInfo& info) {
-  json.key("plugin");
-  json.openObject();
-  json.key("version");
-  json.openArray();
-  for (const int32_t number : info.version) json.value(number);
-  json.closeArray();
-  const auto text = [&json](const char* key, const std::string& value) {
-    json.key(key);
-    json.value(value.c_str());
-  };
-  text("company", recordText(info.company));
-  text("product", recordText(info.product));
-  text("description", recordText(info.description));
-  json.closeObject();
+void writePlugin(JsonObject& object, const PluginInfo& info) {
+  object.addNumbers("version", info.version);
+  object.add("company", recordString(info.company));
+  object.add("product", recordString(info.product));
+  object.add("description", recordString(info.description));
 }
 
 void printJson(const PluginInfo& info, Device& device, ControlPoint& controlPoint) {
-  JsonText json;
-  json.openObject();
-  writePlugin(json, info);
-  writeSettings(json, "device", kDeviceSettings, device);
-  writeSettings(json, "controlPoint", kControlPointSettings, controlPoint);
-  json.closeObject();
-  std::puts(json.text().c_str());
+  JsonWriter json;
+  {
+    JsonObject all(json);
+    all.addObject("plugin", [&](JsonObject& object) { writePlugin(object, info); });
+    all.addObject("device", [&](JsonObject& object) { writeSettings(object, kDeviceSettings, device); });
+    all.addObject("controlPoint",
+                  [&](JsonObject& object) { writeSettings(object, kControlPointSettings, controlPoint); });
+  }
+  std::puts(json.str().c_str());
 }
 
 }  // namespace

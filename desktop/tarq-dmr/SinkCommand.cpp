@@ -1,7 +1,9 @@
+#include "SinkCommand.h"
+
 #include <cstdio>
 #include <string_view>
 
-#include "Commands.h"
+#include "CommandError.h"
 #include "HostSession.h"
 #include "SinkEntries.h"
 

@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdlib>
+#include <optional>
 
 #include "DidlDuration.h"
-#include "OutcomeRows.h"
 #include "Program.h"
 #include "RawHttpServer.h"
+#include "TestRows.h"
 
 namespace {
 
@@ -15,7 +17,7 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using Arguments = std::vector<std::string>;
 
-// Accepted without asking a server; nothing is known of its duration.
+// Accepted without asking a server; of unknown duration.
 constexpr const char* kUri = "http://127.0.0.1/a'b$(c)\"d e.mp4";
 
 Outcome play(Arguments arguments) {
@@ -24,7 +26,7 @@ Outcome play(Arguments arguments) {
   return runProgram(arguments, "<DIDL-Lite/>");
 }
 
-TEST(Play, GivesTheProgramEachUriAsItIs) {
+TEST(Play, PassesEachUriToTheProgramUnchanged) {
   const MemoryFile notes;
   const RawHttpServer server("HTTP/1.1 200 OK\r\nContent-Type: audio/mpeg\r\n\r\n");
   const Outcome outcome = play({kUri, "--region", "1", "--next", server.url(), "--exec",
@@ -46,7 +48,7 @@ TEST(Play, InterruptStopsTheTrackAndItsProgram) {
   EXPECT_NE(::kill(std::stoi(notes.content()), 0), 0);
 }
 
-TEST(Demo, ComesOutAsItShould) {
+TEST(Demo, PassesEveryStep) {
   const Outcome outcome = runProgram({"demo"});
   EXPECT_EQ(outcome.exitCode, 0) << outcome.out;
   EXPECT_EQ(outcome.err, "");
@@ -56,7 +58,7 @@ const struct {
   const char* name;
   Arguments arguments;
   int exitCode;
-  const char* message;  // in what it writes
+  const char* message;  // part of what it writes
 } kFailures[] = {
     {"Refused", {"http://127.0.0.1:1/a"}, 1, "refused (55202)"},
     {"NextRefused", {kUri, "--next", "http://127.0.0.1:1/a"}, 1, "refused (55202)"},
@@ -73,26 +75,53 @@ const struct {
     {"NoUri", {}, 2, "uri"},
 };
 
-TEST(Play, FailsInWords) {
-  for (const auto& [name, arguments, exitCode, message] : kFailures) {
-    const Outcome outcome = play(arguments);
-    EXPECT_EQ(outcome.exitCode, exitCode) << name << "\n" << outcome.err;
-    EXPECT_THAT(outcome.out + outcome.err, HasSubstr(message)) << name;
-  }
+TEST_ROWS(Play, FailsInWords, kFailures) {
+  const Outcome outcome = play(row.arguments);
+  EXPECT_EQ(outcome.exitCode, row.exitCode) << outcome.err;
+  EXPECT_THAT(outcome.out + outcome.err, HasSubstr(row.message));
 }
 
-TEST(Play, ReadsDurations) {
-  const auto milliseconds = [](const char* text) { return std::to_string(parseDurationMs(text)); };
-  expectOutcomes(milliseconds,
-                 {"0:00:00.4 => 400", "1:02:03 => 3723000", "0:00:01.25999 => 1259", "0:00:01.1/3 => 1333",
-                  "600:00:00 => 2147483647", " => 0", "-1:00:00 => 0", "0:-1:00 => 0", "0:00:60 => 0",
-                  "0:60:00 => 0", "0:00 => 0", "0:00:00. => 0", "0:00:00.3/3 => 0", "0:00:00.1/0 => 0",
-                  "99999999999:00:00 => 0", "0:00:00x => 0", "0:00:00.12345678901 => 123"});
+constexpr OutcomeRow kDurations[] = {
+    {"Fraction", "0:00:00.4", "400"},
+    {"Hours", "1:02:03", "3723000"},
+    {"FractionOfManyDigits", "0:00:01.25999", "1259"},
+    {"Ratio", "0:00:01.1/3", "1333"},
+    {"AboveInt", "600:00:00", "2147483647"},
+    {"Empty", "", "0"},
+    {"NegativeHours", "-1:00:00", "0"},
+    {"NegativeMinutes", "0:-1:00", "0"},
+    {"SixtySeconds", "0:00:60", "0"},
+    {"SixtyMinutes", "0:60:00", "0"},
+    {"NoSeconds", "0:00", "0"},
+    {"EmptyFraction", "0:00:00.", "0"},
+    {"RatioOfOne", "0:00:00.3/3", "0"},
+    {"DivisionByZero", "0:00:00.1/0", "0"},
+    {"HoursAbove31Bits", "99999999999:00:00", "0"},
+    {"Rest", "0:00:00x", "0"},
+    {"FractionAbove31Bits", "0:00:00.12345678901", "123"},
+};
+
+TEST_ROWS(Play, ReadsDurations, kDurations) {
+  EXPECT_EQ(std::to_string(parseDurationMs(row.input)), row.outcome);
 }
+
+// Changes an environment variable for as long as this exists.
+class ChangedVariable {
+ public:
+  ChangedVariable(const char* name, const char* value) : name_(name) {
+    if (const char* before = std::getenv(name)) before_ = before;
+    ::setenv(name, value, 1);
+  }
+  ~ChangedVariable() { before_ ? ::setenv(name_, before_->c_str(), 1) : ::unsetenv(name_); }
+
+ private:
+  const char* name_;
+  std::optional<std::string> before_;
+};
 
 TEST(Play, NeedsAJavaVm) {
-  ::setenv("PATH", "", 1);
-  ::setenv("JAVA_HOME", "/no/java", 1);
+  const ChangedVariable path("PATH", "");
+  const ChangedVariable home("JAVA_HOME", "/no/java");
   const Outcome outcome = play({kUri});
   EXPECT_EQ(outcome.exitCode, 2);
   EXPECT_EQ(outcome.err, "tarq-dmr: no Java VM was found in JAVA_HOME, /no/java\n");

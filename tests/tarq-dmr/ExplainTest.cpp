@@ -3,16 +3,16 @@
 #include <rapidjson/document.h>
 
 #include <fstream>
-#include <set>
 
 #include "Program.h"
-#include "RandomItems.h"
 #include "RawHttpServer.h"
+#include "TestRows.h"
 
 namespace {
 
 using testing::EndsWith;
 using testing::HasSubstr;
+using testing::StartsWith;
 
 TEST(Explain, DocumentsShowWhatTheProgramShows) {
   const std::string before = "<!-- tarq-dmr ";
@@ -37,144 +37,106 @@ TEST(Explain, DocumentsShowWhatTheProgramShows) {
 // clang-format off
 const struct {
   const char* name;
+  const char* file;
   const char* region;
   std::vector<const char*> phrases;
 } kTelling[] = {
-    {"dtcp", "1", {"its MIME type is the CONTENTFORMAT", "not played in this region; would be AVC_TTS in region 2"}},
-    {"audio-codecs", "1", {"unknown MIME type; would be AUDIO_MPEG4 without the parameters", "res 1, format MP3"}},
-    {"mkv-beside-wmv", "1", {"would be MKV without Windows Media beside it", "res 1, format WMV"}},
-    {"multi-picture", "1", {"res 1 is a file of 3 pictures", "no profile name", "res 2, as MPO\n", "no other candidate has this rank"}},
-    {"real-media", "16", {"would be MPEG1 in region 1", "res 1, as RMVB"}},
-    {"no-fourth-field", "1", {"no fourth protocolInfo field", "skipped: its protocolInfo has no \":\""}},
-    {"twelve-equal", "1", {"-10  known profile name; not above 0", "510 points ahead of res 1: position +10, nearest +500"}},
+    {"Dtcp", "dtcp", "1",
+     {"its MIME type is the CONTENTFORMAT", "not played in this region; would be AVC_TTS in region 2"}},
+    {"AudioCodecs", "audio-codecs", "1",
+     {"unknown MIME type; would be AUDIO_MPEG4 without the parameters", "res 1, format MP3"}},
+    {"MkvBesideWmv", "mkv-beside-wmv", "1",
+     {"would be MKV without Windows Media beside it", "res 1, format WMV"}},
+    {"MultiPicture", "multi-picture", "1",
+     {"res 1 is a file of 3 pictures", "no profile name", "res 2, as MPO\n", "no other candidate has this rank"}},
+    {"RealMedia", "real-media", "16", {"would be MPEG1 in region 1", "res 1, as RMVB"}},
+    {"NoFourthField", "no-fourth-field", "1",
+     {"no fourth protocolInfo field", "skipped: its protocolInfo has no \":\""}},
+    {"TwelveEqual", "twelve-equal", "1",
+     {"-10  known profile name; not above 0", "510 points ahead of res 1: position +10, nearest +500"}},
 };
 // clang-format on
 
-TEST(Explain, TellsWhyEachCaseComesOutAsItDoes) {
-  for (const auto& [name, region, phrases] : kTelling) {
-    const std::string file = std::string(TARQ_SOURCES "/docs/examples/") + name + ".xml";
-    const Outcome outcome =
-        runProgram({"explain", "http://192.168.0.7/item", "--metadata", file, "--region", region});
-    EXPECT_EQ(outcome.exitCode, 0) << name;
-    for (const char* phrase : phrases) EXPECT_THAT(outcome.out, HasSubstr(phrase)) << name;
-    for (const std::string& line : linesOf(outcome.out)) {
-      const bool foreign = line.find("http-get:") != line.npos;  // a server's protocolInfo may be longer
-      EXPECT_TRUE(foreign || line.size() <= 110) << name << ": " << line;
-    }
+TEST_ROWS(Explain, TellsWhyEachCaseComesOutAsItDoes, kTelling) {
+  const std::string file = std::string(TARQ_SOURCES "/docs/examples/") + row.file + ".xml";
+  const Outcome outcome =
+      runProgram({"explain", "http://192.168.0.7/item", "--metadata", file, "--region", row.region});
+  EXPECT_EQ(outcome.exitCode, 0);
+  for (const char* phrase : row.phrases) EXPECT_THAT(outcome.out, HasSubstr(phrase));
+  for (const std::string& line : linesOf(outcome.out)) {
+    const bool foreign = line.find("http-get:") != line.npos;  // a server's protocolInfo may be longer
+    EXPECT_TRUE(foreign || line.size() <= 110) << line;
   }
 }
 
-std::string textOf(const rapidjson::Value& value) { return value.IsString() ? value.GetString() : "-"; }
+const struct {
+  const char* name;
+  std::string answer;
+  int code;
+  const char* lookedUp;  // null: nothing
+  std::vector<const char*> phrases;
+} kProbes[] = {
+    {"ByType",
+     "200 OK\r\nContent-Type: video/mp4",
+     0,
+     "MIME type \"video/mp4\"",
+     {"looked up   MIME type \"video/mp4\"", "accepted (0): no res, format MPEG4\n"}},
+    {"ByName",
+     "200 OK\r\nContent-Type: video/mp4\r\ncontentFeatures.dlna.org: DLNA.ORG_PN=NO\x1B",
+     55106,
+     "profile name \"NO\x1B\"",
+     {"looked up   profile name \"NO\\x1b\"", "status 200, content type video/mp4", "refused (55106)"}},
+    {"NotFound", "404 No", 55108, nullptr, {"status 404, content type -", "refused (55108)"}},
+    {"Busy", "503 No", 55107, nullptr, {"answer      the server answered 503\n\nVerdict: refused (55107)"}},
+};
 
-// "code winner format MIME-type", as the steps of the explanation led there.
-std::string stepsOf(const rapidjson::Document& explained) {
-  const std::string code = std::to_string(explained["verdict"]["code"].GetInt());
-  if (code != "0") return code;
-  if (explained["quick"]["mimeType"].IsString())
-    return code + " -1 - " + textOf(explained["quick"]["mimeType"]);
-  const auto& contest = explained["contest"];
-  const auto winner = contest["winner"].GetUint();
-  return code + " " + std::to_string(winner) + " " + textOf(contest["candidates"][winner]["format"]) + " " +
-         textOf(explained["res"][winner]["mimeType"]);
+TEST_ROWS(Explain, ProbeShowsWhatCameBack, kProbes) {
+  RawHttpServer server("HTTP/1.1 " + row.answer + "\r\n\r\n");
+  std::vector<std::string> arguments = {"explain", server.url(), "--region", "1"};
+  EXPECT_THAT(runProgram(arguments).out, HasSubstr("Verdict: undecided"));
+  EXPECT_EQ(server.requests().size(), 0u);
+  arguments.push_back("--probe");
+  const Outcome outcome = runProgram(arguments);
+  EXPECT_EQ(outcome.exitCode, row.code == 0 ? 0 : 1);
+  for (const char* phrase : row.phrases) EXPECT_THAT(outcome.out, HasSubstr(phrase));
+  arguments.push_back("--json");
+  rapidjson::Document json;
+  json.Parse(runProgram(arguments).out.c_str());
+  ASSERT_TRUE(json.IsObject());
+  EXPECT_EQ(json["verdict"]["code"].GetInt(), row.code);
+  if (row.lookedUp == nullptr) return;
+  EXPECT_STREQ(json["probe"]["answer"]["lookedUp"].GetString(), row.lookedUp);
 }
 
-std::string resultOf(const rapidjson::Document& checked) {
-  const std::string code = std::to_string(checked["code"].GetInt());
-  if (code != "0") return code;
-  return code + " " + std::to_string(checked["resIndex"].GetInt()) + " " + textOf(checked["contentFormat"]) +
-         " " + textOf(checked["mimeType"]);
+const struct {
+  const char* name;
+  const char* uri;
+  const char* metadata;
+  std::vector<const char*> phrases;
+} kMissing[] = {
+    {"NoUrl", "a.jpg", "<x/>", {"not a URL with a scheme and a host", "there is no URL", "not valid DIDL-Lite"}},
+    {"NoObject",
+     "http://a.example/",
+     "<DIDL-Lite/>",
+     {"it has no item or container", "No server is asked: "}},
+    {"NoRes", "http://a.example/", "<DIDL-Lite><item/></DIDL-Lite>", {"its first object has no res element"}},
+    {"Quick", "http://a.example/a.mp4", "<x/>", {"Quick tests: accepted", "as video/*, no res chosen"}},
+};
+
+TEST_ROWS(Explain, TellsWhatIsMissing, kMissing) {
+  const Outcome outcome = runProgram({"explain", row.uri, "--metadata", "-"}, row.metadata);
+  for (const char* phrase : row.phrases) EXPECT_THAT(outcome.out, HasSubstr(phrase));
 }
 
-// Compares the two commands line by line; notes what came up.
-void expectAgreement(const std::string& input, std::set<std::string>& seen) {
-  const auto explained = linesOf(runProgram({"explain", "--batch", "-"}, input).out);
-  const auto checked = linesOf(runProgram({"check", "--batch", "-"}, input).out);
-  const auto asked = linesOf(input);
-  ASSERT_EQ(explained.size(), asked.size());
-  ASSERT_EQ(checked.size(), asked.size());
-  for (size_t i = 0; i < asked.size(); ++i) {
-    rapidjson::Document why;
-    rapidjson::Document result;
-    ASSERT_FALSE(why.Parse(explained[i].c_str()).HasParseError()) << asked[i];
-    ASSERT_FALSE(result.Parse(checked[i].c_str()).HasParseError());
-    ASSERT_EQ(stepsOf(why), resultOf(result)) << asked[i];
-    const auto& contest = why["contest"];
-    const bool won = contest.IsObject() && contest["winner"].IsInt();
-    if (contest.IsObject()) seen.insert(contest["name"].GetString());
-    seen.insert(std::to_string(result["code"].GetInt()) + (won ? " won" : ""));
-  }
-}
-
-TEST(Explain, AgreesWithTheCheckOnRandomItems) {
-  constexpr int kItems = 20'000;
-  RandomItems items(20'240'607);
-  std::set<std::string> seen;
-  std::string input;
-  for (int i = 1; i <= kItems && !HasFatalFailure(); ++i) {
-    input += items.nextLine();
-    if (i % 2'000 != 0) continue;
-    expectAgreement(input, seen);
-    input.clear();
-  }
-  // Refused as no http:// URI with a winner and without; refused as unplayable only without; accepted by a
-  // contest or by a quick test.
-  EXPECT_THAT(seen, testing::UnorderedElementsAre("photo", "mpo", "music", "wma", "video", "wmv", "0 won",
-                                                  "0", "55100 won", "55100", "55106"));
-}
-
-TEST(Explain, ProbeShowsWhatCameBack) {
-  const struct {
-    const char* answer;
-    int code;
-    const char* lookedUp;  // empty: nothing
-    std::vector<const char*> phrases;
-  } rows[] = {
-      {"200 OK\r\nContent-Type: video/mp4",
-       0,
-       "MIME type \"video/mp4\"",
-       {"looked up   MIME type \"video/mp4\"", "accepted (0): no res, format MPEG4\n"}},
-      {"200 OK\r\nContent-Type: video/mp4\r\ncontentFeatures.dlna.org: DLNA.ORG_PN=NO\x1B",
-       55106,
-       "profile name \"NO\x1B\"",
-       {"looked up   profile name \"NO\\x1b\"", "status 200, content type video/mp4", "refused (55106)"}},
-      {"404 No", 55108, "", {"status 404, content type -", "refused (55108)"}},
-      {"503 No", 55107, "", {"answer      the server answered 503\n\nVerdict: refused (55107)"}},
-  };
-  for (const auto& [answer, code, lookedUp, phrases] : rows) {
-    RawHttpServer server("HTTP/1.1 " + std::string(answer) + "\r\n\r\n");
-    std::vector<std::string> arguments = {"explain", server.url(), "--region", "1"};
-    EXPECT_THAT(runProgram(arguments).out, HasSubstr("Verdict: undecided"));
-    EXPECT_EQ(server.requests().size(), 0u);
-    arguments.push_back("--probe");
-    const Outcome outcome = runProgram(arguments);
-    EXPECT_EQ(outcome.exitCode, code == 0 ? 0 : 1) << answer;
-    for (const char* phrase : phrases) EXPECT_THAT(outcome.out, HasSubstr(phrase));
-    arguments.push_back("--json");
-    rapidjson::Document json;
-    json.Parse(runProgram(arguments).out.c_str());
-    ASSERT_TRUE(json.IsObject());
-    EXPECT_EQ(json["verdict"]["code"].GetInt(), code);
-    EXPECT_TRUE(*lookedUp == '\0' || textOf(json["probe"]["answer"]["lookedUp"]) == lookedUp) << answer;
-  }
-}
-
-TEST(Explain, TellsWhatIsMissing) {
-  const struct {
-    const char* uri;
-    const char* metadata;
-    std::vector<const char*> phrases;
-  } cases[] = {
-      {"a.jpg", "<x/>", {"not a URL with a scheme and a host", "there is no URL", "not valid DIDL-Lite"}},
-      {"http://a.example/", "<DIDL-Lite/>", {"it has no item or container", "No server is asked: "}},
-      {"http://a.example/", "<DIDL-Lite><item/></DIDL-Lite>", {"its first object has no res element"}},
-      {"http://a.example/a.mp4", "<x/>", {"Quick tests: accepted", "as video/*, no res chosen"}},
-  };
-  for (const auto& [uri, metadata, phrases] : cases) {
-    const Outcome outcome = runProgram({"explain", uri, "--metadata", "-"}, metadata);
-    for (const char* phrase : phrases) EXPECT_THAT(outcome.out, HasSubstr(phrase)) << uri;
-  }
+TEST(Explain, WritesJsonForOneAndForABatch) {
   EXPECT_THAT(runProgram({"explain", "http://127.0.0.1:1/a", "--json"}).out, HasSubstr(R"({"code":null,)"));
-  EXPECT_THAT(runProgram({"explain", "--batch", "-"}, "{}\n").out, HasSubstr("uri is missing"));
+  const std::string line = R"({"uri":"http://a.example/a.mp4","metadata":"<x/>","region":)";
+  const auto answers =
+      linesOf(runProgram({"explain", "--batch", "-"}, line + "1}\n{}\n" + line + "2}\n").out);
+  ASSERT_EQ(answers.size(), 3u);
+  EXPECT_THAT(answers[0], StartsWith(R"({"region":1,)"));
+  EXPECT_EQ(answers[1], R"({"code":-1,"message":"uri is missing"})");
+  EXPECT_THAT(answers[2], StartsWith(R"({"region":2,)"));
 }
 
 TEST(Explain, CheckTellsHowToAskWhy) {

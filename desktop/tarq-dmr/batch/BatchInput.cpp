@@ -6,12 +6,12 @@
 namespace {
 
 constexpr size_t kReadBytes = size_t{256} << 10;
-constexpr size_t kSlackBytes = 1 + kJsonSlackBytes;  // a NUL after the last line
-constexpr size_t kMaxBufferBytes = BatchInput::kMaxLineBytes + kReadBytes + kSlackBytes;
+constexpr size_t kNulBytes = 1;  // after the last line
+constexpr size_t kMaxBufferBytes = BatchInput::kMaxLineBytes + kReadBytes + kNulBytes;
 
 }  // namespace
 
-BatchInput::BatchInput(const std::string& path) : file_(path), buffer_(2 * kReadBytes + kSlackBytes) {}
+BatchInput::BatchInput(const std::string& path) : file_(path), buffer_(2 * kReadBytes + kNulBytes) {}
 
 bool BatchInput::fill() {
   if (atEnd_) return false;
@@ -22,7 +22,7 @@ bool BatchInput::fill() {
   return !atEnd_ || end_ > begin_ || skipping_;
 }
 
-// What is left is the beginning of one line. It moves to the front, or goes when it is too long already.
+// What is left is the beginning of one line. It moves to the front, or is dropped when already too long.
 void BatchInput::makeRoom() {
   std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
   end_ -= begin_;
@@ -32,7 +32,7 @@ void BatchInput::makeRoom() {
     end_ = 0;
   }
   scanned_ = end_;
-  if (buffer_.size() < end_ + kReadBytes + kSlackBytes) {
+  if (buffer_.size() < end_ + kReadBytes + kNulBytes) {
     buffer_.resize(std::min(2 * buffer_.size(), kMaxBufferBytes));
   }
 }
@@ -49,7 +49,7 @@ std::optional<InputLine> BatchInput::nextLine() {
   InputLine line{buffer_.data() + begin_, lineEnd - begin_};
   buffer_[lineEnd] = '\0';
   begin_ = scanned_ = std::min(lineEnd + 1, end_);
-  if (skipping_ || line.length > kMaxLineBytes) line.text = nullptr;
+  if (skipping_ || line.length > kMaxLineBytes) line.bytes = nullptr;
   skipping_ = false;
   return line;
 }

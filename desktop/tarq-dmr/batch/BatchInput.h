@@ -7,27 +7,24 @@
 
 #include "InputFile.h"
 
-// The JSON reader loads whole vector registers: so many bytes behind the NUL of a line must be readable.
-inline constexpr size_t kJsonSlackBytes = 32;
-
-// One line of the input, without its end. The bytes may be changed; a NUL follows them.
+// One line of the input without its newline. The bytes may be changed; a NUL follows them.
 struct InputLine {
-  char* text;  // null: the line was longer than a line may be, and was skipped
+  char* bytes;  // null: the line was too long and was skipped
   size_t length;
 };
 
-// Cuts the input of a batch into lines, in a buffer that grows to the longest line and no further.
-// Failures are CommandErrors.
+// Splits the input of a batch into lines, in a buffer that grows to the longest line and no further.
+// Errors: CommandError when the input cannot be read.
 class BatchInput {
  public:
   static constexpr size_t kMaxLineBytes = size_t{32} << 20;
 
   explicit BatchInput(const std::string& path);
 
-  // Reads what there is; blocks while there is nothing. The lines handed out so far become invalid.
-  // False: the input has ended.
+  // Reads what is available; blocks while nothing is. The lines returned so far become invalid.
+  // Returns: false when the input has ended.
   bool fill();
-  // The next line that is there in full, or nothing: fill again. The last line needs no newline.
+  // Returns: the next line that was read in full, or nothing: fill again. The last line needs no newline.
   std::optional<InputLine> nextLine();
 
  private:
@@ -36,9 +33,9 @@ class BatchInput {
   InputFile file_;
   std::vector<char> buffer_;
   size_t begin_ = 0;       // of the next line
-  size_t scanned_ = 0;     // no newline from `begin_` to here
+  size_t scanned_ = 0;     // there is no newline in [begin_, scanned_)
   size_t end_ = 0;         // of what was read
-  bool skipping_ = false;  // the next line is too long, and its beginning is gone
+  bool skipping_ = false;  // the next line is too long and its beginning was dropped
   bool atEnd_ = false;
 };
 

@@ -1,8 +1,5 @@
 #include "BatchLine.h"
 
-#ifdef __SSE2__
-#define RAPIDJSON_SSE2
-#endif
 #include <rapidjson/reader.h>
 
 #include <limits>
@@ -12,21 +9,17 @@
 
 namespace {
 
-// Keeps what the outermost object says of the three fields, as the JSON reader comes across it.
-class RequestFields {
+// Collects the three fields of the outermost object while the JSON reader comes across them.
+class RequestFields : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, RequestFields> {
  public:
   using Length = rapidjson::SizeType;
 
-  // What the reader calls; false ends the reading.
+  // The reader calls these; false ends the reading.
+  bool Default() { return set(Kind::Other); }
   bool Null() { return set(Kind::Null); }
-  bool Bool(bool) { return set(Kind::Other); }
   bool Int(int number);
-  bool Uint(unsigned number) { return number > kMaxInt ? set(Kind::Other) : Int(static_cast<int>(number)); }
-  bool Int64(int64_t) { return set(Kind::Other); }
-  bool Uint64(uint64_t) { return set(Kind::Other); }
-  bool Double(double) { return set(Kind::Other); }
-  bool RawNumber(const char*, Length, bool) { return set(Kind::Other); }
-  bool String(const char* text, Length length, bool);
+  bool Uint(unsigned number) { return number > kMaxInt ? Default() : Int(static_cast<int>(number)); }
+  bool String(const char* string, Length length, bool);
   bool Key(const char* name, Length length, bool);
   bool StartObject() { return open(true); }
   bool EndObject(Length) { return close(); }
@@ -41,13 +34,11 @@ class RequestFields {
   static constexpr int kMaxDepth = 64;  // the reader calls itself for every level
   static constexpr unsigned kMaxInt = std::numeric_limits<int32_t>::max();
 
-  enum class Kind { Missing, Text, Null, Number, Other };
+  enum class Kind { Missing, String, Null, Number, Other };
   struct Field {
     Kind kind = Kind::Missing;
-    std::string_view text;
+    std::string_view string;
     int32_t number = 0;
-
-    bool isText() const { return kind == Kind::Text; }
   };
 
   bool set(Kind kind) {
@@ -63,7 +54,7 @@ class RequestFields {
   Field uri_;
   Field metadata_;
   Field region_;
-  Field* current_ = nullptr;  // whose value comes next in the outermost object; null: a key of no interest
+  Field* current_ = nullptr;  // the field whose value comes next; null: of a key that is ignored
   int depth_ = 0;
   bool isObject_ = false;  // the outermost value
 };
@@ -73,9 +64,9 @@ bool RequestFields::Int(int number) {
   return set(Kind::Number);
 }
 
-bool RequestFields::String(const char* text, Length length, bool) {
-  if (depth_ == 1 && current_ != nullptr) current_->text = {text, length};
-  return set(Kind::Text);
+bool RequestFields::String(const char* string, Length length, bool) {
+  if (depth_ == 1 && current_ != nullptr) current_->string = {string, length};
+  return set(Kind::String);
 }
 
 bool RequestFields::Key(const char* name, Length length, bool) {
@@ -93,57 +84,47 @@ bool RequestFields::open(bool isObject) {
 }
 
 const char* RequestFields::problem() const {
-  if (!isObject_) return "the line is no JSON object";
+  if (!isObject_) return "the line is not a JSON object";
   if (uri_.kind == Kind::Missing) return "uri is missing";
-  if (!uri_.isText()) return "uri is no text";
+  if (uri_.kind != Kind::String) return "uri is not a string";
   if (metadata_.kind == Kind::Number || metadata_.kind == Kind::Other)
-    return "metadata is neither a text nor null";
-  if (region_.kind != Kind::Missing && region_.kind != Kind::Number) return "region is no 32-bit integer";
-  const std::string_view metadata = metadata_.isText() ? metadata_.text : std::string_view();
-  for (const std::string_view text : {uri_.text, metadata}) {
-    if (text.find('\0') != std::string_view::npos) return "a text holds a NUL character";
-    if (!isValidUtf8(text)) return "a text holds half a surrogate pair";  // the reader lets "\udc00" pass
+    return "metadata is neither a string nor null";
+  if (region_.kind != Kind::Missing && region_.kind != Kind::Number) return "region is not a 32-bit integer";
+  const bool hasMetadata = metadata_.kind == Kind::String;
+  for (const std::string_view string : {uri_.string, hasMetadata ? metadata_.string : std::string_view()}) {
+    if (string.find('\0') != std::string_view::npos) return "a string contains a NUL character";
+    if (!isValidUtf8(string)) return "a string contains an unpaired surrogate";  // the reader takes "\udc00"
   }
   return nullptr;
 }
 
 BatchRequest RequestFields::request(int32_t defaultRegion) const {
   BatchRequest request;
-  request.uri = uri_.text.data();
-  request.metadata = metadata_.isText() ? metadata_.text.data() : nullptr;
+  request.uri = uri_.string.data();
+  request.metadata = metadata_.kind == Kind::String ? metadata_.string.data() : nullptr;
   request.region = region_.kind == Kind::Number ? region_.number : defaultRegion;
   return request;
 }
 
-// 0x1A to 0x1F stand nowhere in JSON, but the reader's vector code takes them for printable.
-bool holdsStrayControl(std::string_view text) {
-  unsigned char found = 0;  // a byte, so that the loop becomes vector code
-  for (const char c : text) found |= static_cast<unsigned char>(c >= 0x1A && c < 0x20);
-  return found != 0;
-}
-
-BatchRequest refuse(const char* problem) {
-  BatchRequest request;
-  request.problem = problem;
-  return request;
+// Reads the whole line.
+// Returns: what is wrong with it; null: nothing.
+const char* readFields(const InputLine& line, RequestFields& fields) {
+  if (line.bytes == nullptr) return "the line is longer than 32 MiB";
+  if (!isValidUtf8({line.bytes, line.length})) return "the line is not valid UTF-8";
+  rapidjson::InsituStringStream stream(line.bytes);
+  rapidjson::Reader reader;
+  const rapidjson::ParseResult result = reader.Parse<rapidjson::kParseInsituFlag>(stream, fields);
+  if (fields.nestsTooDeep()) return "the line is nested too deeply";
+  if (result.Code() == rapidjson::kParseErrorDocumentEmpty) return "the line is blank";
+  // The reader takes a NUL for the end of the line.
+  if (result.IsError() || stream.Tell() != line.length) return "the line is not valid JSON";
+  return fields.problem();
 }
 
 }  // namespace
 
 BatchRequest parseBatchLine(const InputLine& line, int32_t defaultRegion) {
-  if (line.text == nullptr) return refuse("the line is longer than 32 MiB");
-  const std::string_view text(line.text, line.length);
-  if (!isValidUtf8(text)) return refuse("the line is no valid UTF-8");
-  if (holdsStrayControl(text)) return refuse("the line is no valid JSON");
-
   RequestFields fields;
-  rapidjson::InsituStringStream stream(line.text);
-  rapidjson::Reader reader;
-  const rapidjson::ParseResult result = reader.Parse<rapidjson::kParseInsituFlag>(stream, fields);
-  if (fields.nestsTooDeep()) return refuse("the line is nested too deeply");
-  if (result.Code() == rapidjson::kParseErrorDocumentEmpty) return refuse("the line is blank");
-  // The reader takes a NUL for the end of the line.
-  if (result.IsError() || stream.Tell() != line.length) return refuse("the line is no valid JSON");
-  if (const char* problem = fields.problem()) return refuse(problem);
+  if (const char* problem = readFields(line, fields)) return {.problem = problem};
   return fields.request(defaultRegion);
 }

@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "Commands.h"
+#include "CommandError.h"
 
 namespace {
 
@@ -17,11 +17,11 @@ constexpr size_t kPieceBytes = size_t{256} << 10;
 constexpr auto kFlushInterval = 100ms;
 constexpr auto kProgressInterval = 200ms;
 
-void writeAll(std::string_view text) {
-  while (!text.empty()) {
-    const ssize_t count = ::write(STDOUT_FILENO, text.data(), text.size());
+void writeAll(std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = ::write(STDOUT_FILENO, bytes.data(), bytes.size());
     if (count >= 0) {
-      text.remove_prefix(static_cast<size_t>(count));
+      bytes.remove_prefix(static_cast<size_t>(count));
     } else if (errno == EAGAIN) {  // another program made the shared pipe non-blocking
       pollfd output{STDOUT_FILENO, POLLOUT, 0};
       ::poll(&output, 1, -1);
@@ -38,7 +38,7 @@ BatchOutput::BatchOutput()
       started_(flushed_),
       shown_(flushed_),
       showsProgress_(::isatty(STDERR_FILENO) == 1),
-      answersOnTerminal_(::isatty(STDOUT_FILENO) == 1) {}
+      resultsOnTerminal_(::isatty(STDOUT_FILENO) == 1) {}
 
 BatchOutput::~BatchOutput() {
   if (!showsProgress_) return;
@@ -46,8 +46,8 @@ BatchOutput::~BatchOutput() {
   std::fputc('\n', stderr);
 }
 
-void BatchOutput::addLine(std::string_view answer) {
-  pending_ += answer;
+void BatchOutput::addLine(std::string_view result) {
+  pending_ += result;
   pending_ += '\n';
   ++lines_;
   const Clock::time_point now = Clock::now();
@@ -57,10 +57,9 @@ void BatchOutput::addLine(std::string_view answer) {
 
 void BatchOutput::flush() {
   if (pending_.empty()) return;
-  if (answersOnTerminal_) hideProgress();
+  if (resultsOnTerminal_) hideProgress();
   writeAll(pending_);
-  pending_.clear();
-  if (pending_.capacity() > 4 * kPieceBytes) pending_.shrink_to_fit();  // after a very long answer
+  pending_ = {};  // a very long result must not keep its memory
   flushed_ = Clock::now();
 }
 

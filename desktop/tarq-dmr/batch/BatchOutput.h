@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-// Writes the answer lines of a batch to standard output in large pieces, and shows on standard error how far
-// the batch is when that is a terminal.
+// Writes the result lines of a batch to standard output in large pieces. Shows progress on standard error
+// when that is a terminal.
 class BatchOutput {
  public:
   BatchOutput();
@@ -14,9 +14,9 @@ class BatchOutput {
   BatchOutput(const BatchOutput&) = delete;
   BatchOutput& operator=(const BatchOutput&) = delete;
 
-  // Writes out by itself now and then: slow checks do not hold back the answers before them.
-  // Throws CommandError when standard output does not take them.
-  void addLine(std::string_view answer);
+  // Flushes by itself every now and then, so that a slow check does not hold back the results before it.
+  // Errors: CommandError when standard output cannot be written, here and in `flush`.
+  void addLine(std::string_view result);
   void flush();
 
  private:
@@ -31,7 +31,7 @@ class BatchOutput {
   Clock::time_point shown_;
   size_t lines_ = 0;
   const bool showsProgress_;
-  const bool answersOnTerminal_;  // where the progress line would stand in their way
+  const bool resultsOnTerminal_;  // the progress line must make room for them
   bool progressVisible_ = false;
 };
 

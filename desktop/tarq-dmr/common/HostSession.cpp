@@ -6,6 +6,8 @@
 #include <filesystem>
 #include <new>
 
+#include "CommandError.h"
+
 namespace {
 
 namespace fs = std::filesystem;

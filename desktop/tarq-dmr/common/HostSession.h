@@ -6,21 +6,26 @@
 #include <memory>
 #include <string>
 
-#include "Commands.h"
 #include "TarqDmrPluginManager.h"
 
+// Which plug-in a command loads, and what it shows of the plug-in's log.
+struct HostOptions {
+  std::string pluginPath;          // empty: the one installed with this program
+  std::string logLevel = "debug";  // one of kLogLevels
+};
 inline constexpr std::array kLogLevels = {"debug", "info", "warn", "error", "silent"};
 
 // Sets the log level and loads the plug-in, which stays loaded until the process ends. Call it once.
-// Throws CommandError when there is no such plug-in or when it lacks an export.
+// Errors: CommandError when there is no such plug-in or when it lacks an export.
 TarqDmrPluginManager& openHost(const HostOptions& options);
 
-// A checker for the current region. Throws std::bad_alloc when the plug-in has no memory for it.
+// A checker for the current region.
+// Errors: std::bad_alloc when the plug-in has no memory for it.
 std::unique_ptr<TarqResourceCheckerInterface> newChecker(TarqDmrParamsInterface& params);
 
-// A text of the information record; one that fills its field has no NUL.
+// A string of the information record; one that fills its field has no NUL.
 template <size_t N>
-std::string recordText(const char (&field)[N]) {
+std::string recordString(const char (&field)[N]) {
   return {field, strnlen(field, N)};
 }
 

@@ -7,7 +7,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include "Commands.h"
+#include "CommandError.h"
 
 namespace {
 
@@ -41,12 +41,13 @@ void InputFile::fail() const { throw CommandError("cannot read " + path_ + ": " 
 
 std::string readMetadata(const std::string& path) {
   InputFile file(path);
-  std::string text;
+  std::string metadata;
   char block[1 << 16];
   while (const size_t count = file.read(block, sizeof block)) {
-    text.append(block, count);
-    if (text.size() > kMetadataLimitBytes) throw CommandError(path + ": more than 64 MiB of metadata");
+    metadata.append(block, count);
+    if (metadata.size() > kMetadataLimitBytes) throw CommandError(path + ": more than 64 MiB of metadata");
   }
-  if (text.find('\0') != std::string::npos) throw CommandError(path + ": metadata with a NUL byte in it");
-  return text;
+  if (metadata.find('\0') != std::string::npos)
+    throw CommandError(path + ": the metadata contains a NUL byte");
+  return metadata;
 }

@@ -4,8 +4,9 @@
 #include <cstddef>
 #include <string>
 
-// A file named on the command line, or standard input for "-", read without a buffer of its own.
-// Owns: the file it opened. Every failure is a CommandError that names the file.
+// A file named on the command line, or standard input for "-", read without a buffer.
+// Ownership: closes the file that it opened.
+// Errors: a CommandError that names the file.
 class InputFile {
  public:
   explicit InputFile(const std::string& path);
@@ -13,17 +14,19 @@ class InputFile {
   InputFile(const InputFile&) = delete;
   InputFile& operator=(const InputFile&) = delete;
 
-  // What there is, up to `capacity` bytes; blocks while there is nothing. 0: the end.
+  // Reads what is available, up to `capacity` bytes; blocks while nothing is.
+  // Returns: the number of bytes; 0 at the end.
   size_t read(char* to, size_t capacity);
 
  private:
-  [[noreturn]] void fail() const;  // with the reason in errno
+  [[noreturn]] void fail() const;  // the reason is in errno
 
   std::string path_;
   int descriptor_;
 };
 
-// The whole of a metadata file or of standard input ("-"), up to 64 MiB and without a NUL byte in it.
+// Reads a whole metadata file or standard input ("-").
+// Errors: a CommandError, also above 64 MiB and for a NUL byte.
 std::string readMetadata(const std::string& path);
 
 #endif  // TARQ_DMR_INPUT_FILE_H_

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-// The entries of a SinkProtocolInfo text (separated by commas); they point into it.
+// The entries of a SinkProtocolInfo string, which separates them by commas; they point into it.
 inline std::vector<std::string_view> splitSink(std::string_view sink) {
   std::vector<std::string_view> entries;
   while (!sink.empty()) {

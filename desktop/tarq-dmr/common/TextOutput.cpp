@@ -16,15 +16,15 @@ std::string printable(std::string_view text) {
   return shown;
 }
 
-void printRow(std::string_view label, int labelWidth, const char* text) {
+void printRow(std::string_view label, int labelWidth, const char* value) {
   std::string shown = "-";
-  if (text != nullptr) shown = *text == '\0' ? "\"\"" : printable(text);
+  if (value != nullptr) shown = *value == '\0' ? "\"\"" : printable(value);
   std::printf("  %-*.*s  %s\n", labelWidth, static_cast<int>(label.size()), label.data(), shown.c_str());
 }
 
 void printResource(const TarqResourceInfo& resource) {
   constexpr int kLabelWidth = 15;
-  const auto row = [](std::string_view label, const char* text) { printRow(label, kLabelWidth, text); };
+  const auto row = [](std::string_view label, const char* value) { printRow(label, kLabelWidth, value); };
   row("uri", resource.uri);
   row("MIME type", resource.mimeType);
   row("additional info", resource.additionalInfo);

@@ -6,15 +6,15 @@
 
 #include "TarqResourceCheckerInterface.h"
 
-// Results for human readers, on standard output.
+// Results for people, on standard output.
 
-// Control characters are shown as \xNN, so that a server cannot play tricks on a terminal.
+// Shows control characters as \xNN, so that a server cannot play tricks on a terminal.
 std::string printable(std::string_view text);
 
-// "  label    text": `labelWidth` is the column the text begins in. A null text shows as "-", an empty one as
-// two quotes.
-void printRow(std::string_view label, int labelWidth, const char* text);
-// What to play, one row a field.
+// Prints "  label    value", the label padded to `labelWidth` columns.
+// Null: shown as "-"; an empty string is shown as two quotes.
+void printRow(std::string_view label, int labelWidth, const char* value);
+// Prints what to play, one row per field.
 void printResource(const TarqResourceInfo& resource);
 
 #endif  // TARQ_DMR_TEXT_OUTPUT_H_

@@ -2,7 +2,7 @@
 
 namespace {
 
-// Bytes of the character that `text` (not empty) begins with; 0: no valid one.
+// Bytes of the character at the start of `text`, which is not empty; 0: not a valid character.
 size_t characterLength(std::string_view text) {
   const auto byte = [&](size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0u; };
   const auto continues = [&](size_t i) { return (byte(i) & 0xC0u) == 0x80u; };
@@ -17,7 +17,7 @@ size_t characterLength(std::string_view text) {
   return continues(3) ? 4 : 0;
 }
 
-// Bytes before the first one above 0x7F: most of a text. Blocks of a fixed size become vector code.
+// Bytes before the first one above 0x7F, usually all. Blocks of a fixed size become vector code.
 size_t asciiLength(std::string_view text) {
   constexpr size_t kBlock = 64;
   const auto isAsciiBlock = [&](size_t begin) {

@@ -4,9 +4,11 @@
 #include <string>
 #include <string_view>
 
-// UTF-8 as in RFC 3629: no overlong forms, no surrogates, nothing above U+10FFFF.
+// Returns: whether `text` is UTF-8 without overlong forms, surrogates and anything above U+10FFFF.
+// Source: RFC 3629.
 bool isValidUtf8(std::string_view text);
-// A copy in which every byte that belongs to no valid character is U+FFFD.
+
+// A copy with U+FFFD for every byte that is not part of a valid character.
 std::string repairUtf8(std::string_view text);
 
 #endif  // TARQ_DMR_UTF8_H_

@@ -1,12 +1,13 @@
+#include "DemoCommand.h"
+
 #include <chrono>
 #include <cstdio>
 #include <span>
 #include <string>
 #include <thread>
 
-#include "Commands.h"
+#include "CommandError.h"
 #include "DemoServer.h"
-#include "HostSession.h"
 #include "PlayerSession.h"
 #include "ResultText.h"
 #include "SinkEntries.h"
@@ -14,7 +15,7 @@
 
 namespace {
 
-// One `res` of the demonstrated item: a file of the server as its metadata describes it.
+// One `res` of the item in the demo: a file of the server and how the metadata describes it.
 struct DemoRes {
   DemoFile file;
   const char* what;
@@ -38,7 +39,7 @@ constexpr DemoRes kOriginal = {
     R"(size="1874203118" duration="0:42:07.000" resolution="1920x1080" bitrate="741520")"};
 constexpr DemoRes kBusy = {
     {"/media/42/converted.mpg", 503, "video/mpeg", "DLNA.ORG_PN=MPEG_PS_NTSC;DLNA.ORG_OP=01;DLNA.ORG_CI=0"},
-    "the server has no time for it",
+    "the server is too busy to send it",
     R"(size="52428800" duration="0:01:30.000" resolution="720x480")"};
 
 constexpr DemoRes kClip = {
@@ -61,13 +62,13 @@ std::string didlLite(const DemoServer& server, std::span<const DemoRes> resource
   return didl + "</item></DIDL-Lite>";
 }
 
-bool same(const char* text, const std::string& expected) { return text != nullptr && text == expected; }
+bool same(const char* value, const std::string& expected) { return value != nullptr && value == expected; }
 
-void note(const std::string& label, const std::string& text) { printRow(label, 15, text.c_str()); }
+void note(const std::string& label, const std::string& value) { printRow(label, 15, value.c_str()); }
 
 void noteResult(int code) { note("result " + std::to_string(code), describe(code)); }
 
-// The request of one control point, told step by step.
+// The request of one control point, shown step by step.
 class Demo {
  public:
   explicit Demo(TarqDmrPluginManager& host) : host_(host), params_(*host.GetParams()) {}
@@ -85,7 +86,7 @@ class Demo {
   void playClip();
 
   void step(const char* title) { std::printf("\n%d. %s\n", ++step_, title); }
-  void expect(bool holds, const char* what);
+  void expect(bool met, const char* what);
 
   TarqDmrPluginManager& host_;
   TarqDmrParamsInterface& params_;
@@ -103,24 +104,24 @@ int Demo::run() {
   checkBusyItem();
   playClip();
   if (failures_ == 0) {
-    std::printf("\nAll %d steps came out as they should.\n", step_);
+    std::printf("\nAll %d steps passed.\n", step_);
   } else {
-    std::printf("\n%d times something came out otherwise than it should.\n", failures_);
+    std::printf("\n%d expectations failed.\n", failures_);
   }
   return failures_ == 0 ? kExitOk : kExitRefused;
 }
 
-void Demo::expect(bool holds, const char* what) {
-  if (holds) return;
+void Demo::expect(bool met, const char* what) {
+  if (met) return;
   ++failures_;
-  std::printf("  NOT SO: %s\n", what);
+  std::printf("  FAILED: %s\n", what);
 }
 
 void Demo::showPlugin() {
   const PluginInfo& info = *host_.GetPluginInfo();
   step("The plug-in is loaded and says who it is");
-  note("product", recordText(info.product));
-  note("company", recordText(info.company));
+  note("product", recordString(info.product));
+  note("company", recordString(info.company));
   note("friendly name", host_.GetSpec()->GetDefaultFriendlyName());
   expect(info.product[0] != '\0', "the plug-in has a product name");
 }
@@ -152,7 +153,7 @@ void Demo::checkItem() {
   const int code = checker->CheckResource(uri.c_str(), didlLite(server_, kVideoItem).c_str());
   showProbe();
 
-  step("The answer: what the player is to play");
+  step("The result: what the player is to play");
   const TarqResourceInfo& resource = *checker->GetResource();
   expect(code == 0, "the video is accepted");
   if (code != 0) return noteResult(code);
@@ -177,7 +178,7 @@ void Demo::showProbe() {
 }
 
 void Demo::checkQuickly() {
-  step("Some content is recognised by its URI alone: nothing is asked of the server");
+  step("Some content is recognised by its URI alone: the server is not asked");
   const std::string uri = server_.url("/clips/harbour.mp4");
   note("uri", uri);
   const auto checker = newChecker(params_);
@@ -218,7 +219,7 @@ void Demo::playClip() {
     note("state", describe(moment));
   } catch (const PlayerFailure& failure) {
     note(failure.operation, describePlayerResult(failure.code));
-    expect(false, "the handler answers with success");
+    expect(false, "the handler reports success");
   }
 }
 

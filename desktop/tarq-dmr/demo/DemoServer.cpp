@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "Commands.h"
+#include "CommandError.h"
 
 namespace {
 

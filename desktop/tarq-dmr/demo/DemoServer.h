@@ -20,7 +20,7 @@ struct DemoRequest {
   std::vector<std::pair<std::string, std::string>> headers;
 };
 
-// A file of the server, and how the server answers for it.
+// A file of the server, and the answer to a request for it.
 struct DemoFile {
   const char* path;
   int status;
@@ -29,17 +29,18 @@ struct DemoFile {
 };
 
 // A small media server on a free port of the loopback address, running until it is destroyed.
-// Threads: answers on its own; all operations from one thread.
+// Threads: it serves on threads of its own; all operations from one thread.
 class DemoServer {
  public:
-  // `files` is a constant table. Throws CommandError when there is no port to be had.
+  // The strings of `files` are constants.
+  // Errors: CommandError when there is no free port.
   explicit DemoServer(const std::vector<DemoFile>& files);
   ~DemoServer();
   DemoServer(const DemoServer&) = delete;
   DemoServer& operator=(const DemoServer&) = delete;
 
   std::string url(const std::string& path) const;
-  std::vector<DemoRequest> takeRequests();  // those since the last call
+  std::vector<DemoRequest> takeRequests();  // since the last call
 
  private:
   void answer(const httplib::Request& request, httplib::Response& response);

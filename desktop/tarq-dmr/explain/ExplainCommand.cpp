@@ -1,25 +1,25 @@
+#include "ExplainCommand.h"
+
 #include <cstdio>
 
-#include "BatchInput.h"
-#include "BatchLine.h"
-#include "BatchOutput.h"
-#include "Commands.h"
+#include "BatchRun.h"
+#include "CommandError.h"
 #include "Explanation.h"
-#include "HostSession.h"
-#include "JsonText.h"
+#include "InputFile.h"
+#include "JsonWriter.h"
 
 namespace {
 
 int explainOne(TarqDmrParamsInterface& params, const ExplainOptions& options) {
-  std::optional<std::string> text;
-  if (options.metadataFile) text = readMetadata(*options.metadataFile);
-  const char* metadata = text ? text->c_str() : nullptr;
+  std::optional<std::string> didl;
+  if (options.metadataFile) didl = readMetadata(*options.metadataFile);
+  const char* metadata = didl ? didl->c_str() : nullptr;
   const Explanation explanation =
       explain(params, options.uri.c_str(), metadata, options.region, options.probe);
   if (options.json) {
-    JsonText json;
+    JsonWriter json;
     writeExplanation(json, explanation);
-    std::puts(json.text().c_str());
+    std::puts(json.str().c_str());
   } else {
     std::fputs(explanationText(explanation).c_str(), stdout);
   }
@@ -27,22 +27,10 @@ int explainOne(TarqDmrParamsInterface& params, const ExplainOptions& options) {
 }
 
 int explainBatch(TarqDmrParamsInterface& params, const ExplainOptions& options) {
-  BatchInput input(*options.batchFile);
-  BatchOutput output;
-  JsonText json;
-  while (input.fill()) {
-    while (const auto line = input.nextLine()) {
-      const BatchRequest request = parseBatchLine(*line, options.region);
-      json.clear();
-      if (request.problem != nullptr) {
-        writeRefused(json, kInvalidLine, request.problem);
-      } else {
-        writeExplanation(json, explain(params, request.uri, request.metadata, request.region, options.probe));
-      }
-      output.addLine(json.text());
-    }
-    output.flush();
-  }
+  const auto answer = [&](JsonWriter& json, const BatchRequest& request) {
+    writeExplanation(json, explain(params, request.uri, request.metadata, request.region, options.probe));
+  };
+  runBatch(params, {*options.batchFile, options.region}, answer);
   return kExitOk;
 }
 

@@ -1,71 +1,20 @@
 #include "ContestWords.h"
 #include "ExplainWords.h"
-#include "JsonText.h"
+#include "JsonObject.h"
 #include "ResultText.h"
 
 namespace {
 
-// One object, written key by key.
-class Object {
- public:
-  explicit Object(JsonText& json) : json_(json) { json_.openObject(); }
-  ~Object() { json_.closeObject(); }
-  Object(const Object&) = delete;
-  Object& operator=(const Object&) = delete;
-
-  void add(std::string_view key, const char* text) { addValue(key, text); }  // null: null
-  void add(std::string_view key, const std::string& text) { addValue(key, text.c_str()); }
-  void add(std::string_view key, const VondString& text) { addValue(key, text.c_str()); }
-  void add(std::string_view key, int number) { addValue(key, number); }
-  void add(std::string_view key, bool flag) { addValue(key, flag); }
-  void addNull(std::string_view key) { add(key, static_cast<const char*>(nullptr)); }
-  void addIndex(std::string_view key, int index) { index < 0 ? addNull(key) : add(key, index); }
-
-  // `write` takes the Object.
-  template <class Write>
-  void addObject(std::string_view key, Write write) {
-    json_.key(key);
-    Object object(json_);
-    write(object);
-  }
-  // `write` takes the Object and the index, from 0 to before `count`.
-  template <class Write>
-  void addObjects(std::string_view key, size_t count, Write write) {
-    json_.key(key);
-    json_.openArray();
-    for (size_t i = 0; i < count; ++i) {
-      Object object(json_);
-      write(object, i);
-    }
-    json_.closeArray();
-  }
-  void addTexts(std::string_view key, const std::vector<std::string>& texts) {
-    json_.key(key);
-    json_.openArray();
-    for (const std::string& text : texts) json_.value(text.c_str());
-    json_.closeArray();
-  }
-
- private:
-  template <class Value>
-  void addValue(std::string_view key, Value value) {
-    json_.key(key);
-    json_.value(value);
-  }
-
-  JsonText& json_;
-};
-
-void writeUri(Object& object, const UriFacts& uri) {
+void writeUri(JsonObject& object, const UriFacts& uri) {
   object.add("text", uri.text);
   object.add("scheme", uri.url == nullptr ? nullptr : uri.url->GetScheme());
   object.add("host", uri.url == nullptr ? nullptr : uri.url->GetHost());
   object.add("network", uri.url == nullptr ? nullptr : uri.homeNetwork ? "home" : "Internet");
 }
 
-void writeQuick(Object& object, const QuickFacts& quick) {
+void writeQuick(JsonObject& object, const QuickFacts& quick) {
   object.add("asked", quick.asked);
-  object.addObjects("tried", quick.tried.size(), [&](Object& test, size_t i) {
+  object.addObjects("tried", quick.tried.size(), [&](JsonObject& test, size_t i) {
     test.add("in", quick.tried[i]->ofUri ? "uri" : "metadata");
     test.add("contains", quick.tried[i]->contains);
     test.add("accepts", quick.tried[i] == quick.accepted);
@@ -73,7 +22,7 @@ void writeQuick(Object& object, const QuickFacts& quick) {
   object.add("mimeType", quick.mimeType);
 }
 
-void writeMetadata(Object& object, const Explanation& explanation) {
+void writeMetadata(JsonObject& object, const Explanation& explanation) {
   const MetadataFacts& metadata = explanation.metadata;
   const bool lookedAt = explanation.quick.accepted == nullptr;
   object.add("state", lookedAt ? metadataWords(metadata.state) : "not looked at");
@@ -82,7 +31,7 @@ void writeMetadata(Object& object, const Explanation& explanation) {
   object.add("resCount", static_cast<int>(explanation.res.size()));
 }
 
-void writeRes(Object& object, const ResFacts& res, const TarqDlnaResMetadata& record) {
+void writeRes(JsonObject& object, const ResFacts& res, const TarqDlnaResMetadata& record) {
   object.add("protocolInfo", res.protocolInfo);
   object.add("url", res.url);
   object.add("requested", res.requested);
@@ -98,15 +47,15 @@ void writeRes(Object& object, const ResFacts& res, const TarqDlnaResMetadata& re
   object.add("mpfEntries", record.mpfEntries);
   object.add("category", categoryWord(record.category));
   object.add("categoryBy", stageWord(record.categoryBy));
-  object.addTexts("notes", res.notes);
+  object.addStrings("notes", res.notes);
 }
 
-void writePoints(Object& object, const ResPoints& points) {
+void writePoints(JsonObject& object, const ResPoints& points) {
   for (const PointCause& cause : pointCauses()) object.add(cause.key, points.*cause.points);
   object.add("total", points.total());
 }
 
-void writeCandidate(Object& object, const Explanation& explanation, size_t i) {
+void writeCandidate(JsonObject& object, const Explanation& explanation, size_t i) {
   const TarqDlnaResMetadata& record = explanation.records[i];
   const ResContestKind contest = explanation.choice.contest;
   const bool mpo = contest == ResContestKind::kMpo;
@@ -122,21 +71,21 @@ void writeCandidate(Object& object, const Explanation& explanation, size_t i) {
     object.add("fullHd", record.score.mpo.fullHd);
     return;
   }
-  object.addObject("primary", [&](Object& points) { writePoints(points, record.score.primary); });
+  object.addObject("primary", [&](JsonObject& points) { writePoints(points, record.score.primary); });
   if (!wordsOf(contest).twoScores) return;
-  object.addObject("secondary", [&](Object& points) { writePoints(points, record.score.secondary); });
+  object.addObject("secondary", [&](JsonObject& points) { writePoints(points, record.score.secondary); });
 }
 
-void writeContest(Object& object, const Explanation& explanation) {
+void writeContest(JsonObject& object, const Explanation& explanation) {
   object.add("name", wordsOf(explanation.choice.contest).key);
   object.add("reason", contestReason(explanation));
   object.addObjects("candidates", explanation.records.size(),
-                    [&](Object& candidate, size_t i) { writeCandidate(candidate, explanation, i); });
+                    [&](JsonObject& candidate, size_t i) { writeCandidate(candidate, explanation, i); });
   object.addIndex("winner", explanation.choice.winner);
   object.add("lead", leadWords(explanation));
 }
 
-void writeAnswer(Object& object, const Explanation& explanation) {
+void writeAnswer(JsonObject& object, const Explanation& explanation) {
   const Verdict& verdict = explanation.verdict;
   const bool byTable = explanation.choice.winner < 0;
   const auto write = [&](const char* type, const char* features) {
@@ -156,7 +105,7 @@ void writeAnswer(Object& object, const Explanation& explanation) {
   }
 }
 
-void writeProbe(Object& object, const Explanation& explanation) {
+void writeProbe(JsonObject& object, const Explanation& explanation) {
   object.add("notProbedBecause", explanation.probe ? nullptr : whyNotProbed(explanation));
   if (!explanation.probe) return;
   const ProbeFacts& probe = *explanation.probe;
@@ -166,16 +115,16 @@ void writeProbe(Object& object, const Explanation& explanation) {
   object.add("contentFeatures", true);
   object.add("decidesAlone", explanation.choice.winner < 0);
   const auto outcomes = probeOutcomes();
-  object.addObjects("outcomes", outcomes.size(), [&](Object& outcome, size_t i) {
+  object.addObjects("outcomes", outcomes.size(), [&](JsonObject& outcome, size_t i) {
     outcome.add("answer", outcomes[i].answer);
     outcome.add("code", outcomes[i].code);
   });
   object.add("sent", probe.isHttp && explanation.verdict.code.has_value());
   if (!probe.isHttp || !explanation.verdict.code) return object.addNull("answer");
-  object.addObject("answer", [&](Object& answer) { writeAnswer(answer, explanation); });
+  object.addObject("answer", [&](JsonObject& answer) { writeAnswer(answer, explanation); });
 }
 
-void writeVerdict(Object& object, const Explanation& explanation) {
+void writeVerdict(JsonObject& object, const Explanation& explanation) {
   const Verdict& verdict = explanation.verdict;
   if (!verdict.code) {
     object.addNull("code");
@@ -199,23 +148,23 @@ void writeVerdict(Object& object, const Explanation& explanation) {
 
 }  // namespace
 
-void writeExplanation(JsonText& json, const Explanation& explanation) {
+void writeExplanation(JsonWriter& json, const Explanation& explanation) {
   const ResChoice& choice = explanation.choice;
-  Object object(json);
+  JsonObject object(json);
   object.add("region", explanation.region);
-  object.addObject("uri", [&](Object& uri) { writeUri(uri, explanation.uri); });
-  object.addObject("quick", [&](Object& quick) { writeQuick(quick, explanation.quick); });
-  object.addObject("metadata", [&](Object& metadata) { writeMetadata(metadata, explanation); });
-  object.addObjects("res", explanation.res.size(), [&](Object& res, size_t i) {
+  object.addObject("uri", [&](JsonObject& uri) { writeUri(uri, explanation.uri); });
+  object.addObject("quick", [&](JsonObject& quick) { writeQuick(quick, explanation.quick); });
+  object.addObject("metadata", [&](JsonObject& metadata) { writeMetadata(metadata, explanation); });
+  object.addObjects("res", explanation.res.size(), [&](JsonObject& res, size_t i) {
     writeRes(res, explanation.res[i], explanation.records[i]);
   });
   object.add("kind", choice.kindFrom < 0 ? nullptr : categoryWord(choice.kind));
   object.addIndex("decidedBy", choice.kindFrom);
   if (choice.contestHeld()) {
-    object.addObject("contest", [&](Object& contest) { writeContest(contest, explanation); });
+    object.addObject("contest", [&](JsonObject& contest) { writeContest(contest, explanation); });
   } else {
     object.addNull("contest");
   }
-  object.addObject("probe", [&](Object& probe) { writeProbe(probe, explanation); });
-  object.addObject("verdict", [&](Object& verdict) { writeVerdict(verdict, explanation); });
+  object.addObject("probe", [&](JsonObject& probe) { writeProbe(probe, explanation); });
+  object.addObject("verdict", [&](JsonObject& verdict) { writeVerdict(verdict, explanation); });
 }

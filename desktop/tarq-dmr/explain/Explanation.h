@@ -101,8 +101,8 @@ Explanation explain(TarqDmrParamsInterface& params, const char* uri, const char*
 // Step by step for people; the last line is the verdict.
 std::string explanationText(const Explanation& explanation);
 
-class JsonText;
+class JsonWriter;
 // One object, its keys in the order of the steps.
-void writeExplanation(JsonText& json, const Explanation& explanation);
+void writeExplanation(JsonWriter& json, const Explanation& explanation);
 
 #endif  // TARQ_DMR_EXPLANATION_H_

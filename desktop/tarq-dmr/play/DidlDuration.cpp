@@ -16,7 +16,7 @@ bool take(std::string_view& text, char separator) {
   return found;
 }
 
-// Takes a number of 31 bits off the text, or kNone.
+// Takes a number of 31 bits from the front, or kNone.
 int64_t takeNumber(std::string_view& text) {
   int32_t number = 0;
   const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -32,7 +32,7 @@ int64_t decimalMs(std::string_view digits) {
   return takeNumber(rest);
 }
 
-// What follows the seconds; kNone: it is no fraction.
+// What follows the seconds; kNone: not a fraction.
 int64_t takeFractionMs(std::string_view text) {
   if (text.empty()) return 0;
   if (!take(text, '.') || text.empty()) return kNone;
@@ -45,9 +45,9 @@ int64_t takeFractionMs(std::string_view text) {
 
 }  // namespace
 
-int parseDurationMs(const char* text) {
-  if (text == nullptr) return 0;
-  std::string_view rest = text;
+int parseDurationMs(const char* duration) {
+  if (duration == nullptr) return 0;
+  std::string_view rest = duration;
   const int64_t hours = takeNumber(rest);
   if (hours == kNone || !take(rest, ':')) return 0;
   const int64_t minutes = takeNumber(rest);

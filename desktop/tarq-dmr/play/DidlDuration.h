@@ -1,8 +1,11 @@
 #ifndef TARQ_DMR_DIDL_DURATION_H_
 #define TARQ_DMR_DIDL_DURATION_H_
 
-// The "duration" attribute of a `res` element in milliseconds: H:MM:SS, and a fraction of a second as ".5" or
-// ".1/2" (ContentDirectory:1, 2.8.3). The longest that is told apart is 2147483647. 0: null, or no duration.
-int parseDurationMs(const char* text);
+// Parses the "duration" attribute of a `res` element: H:MM:SS with an optional fraction, ".5" or ".1/2".
+// Returns: 0 for what is not a duration; at most 2147483647.
+// Null: 0.
+// Units: milliseconds.
+// Source: ContentDirectory:1, 2.8.3.
+int parseDurationMs(const char* duration);
 
 #endif  // TARQ_DMR_DIDL_DURATION_H_

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "Commands.h"
+#include "CommandError.h"
 #include "TarqJniUtil.h"
 
 JavaHandler::JavaHandler(JNIEnv& env, const std::string& className) : env_(env) {
@@ -14,7 +14,7 @@ JavaHandler::JavaHandler(JNIEnv& env, const std::string& className) : env_(env) 
   if (object_ == nullptr || env.ExceptionCheck()) {
     env.ExceptionDescribe();
     env.ExceptionClear();
-    throw CommandError("no handler could be made of the Java class " + className);
+    throw CommandError("cannot create a handler of the Java class " + className);
   }
   env.DeleteLocalRef(found);
 }
@@ -24,10 +24,10 @@ JavaHandler::~JavaHandler() { env_.DeleteLocalRef(object_); }
 bool JavaHandler::setProgram(const std::string& command) {
   const jmethodID method = findMethod("setProgram", "(Ljava/lang/String;)V");
   if (method == nullptr) return false;
-  const jstring text = TarqJniUtil::NewJStringUTF8s(&env_, command.c_str());
-  env_.CallVoidMethod(object_, method, text);
+  const jstring string = TarqJniUtil::NewJStringUTF8s(&env_, command.c_str());
+  env_.CallVoidMethod(object_, method, string);
   env_.ExceptionClear();
-  env_.DeleteLocalRef(text);
+  env_.DeleteLocalRef(string);
   return true;
 }
 

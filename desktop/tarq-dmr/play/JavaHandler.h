@@ -5,11 +5,14 @@
 
 #include <string>
 
-// A Java object that plays, made by the name of its class, and what it may have beyond the player's methods.
-// Used on the thread of its environment. Owns: the local reference to the object.
+// A Java object that plays, created by the name of its class. Methods that only some handlers have can be
+// called through it.
+// Threads: only that of its JNI environment.
+// Ownership: holds a local reference to the object.
 class JavaHandler {
  public:
-  // `className` with dots; the class is public with a constructor without arguments. Throws CommandError.
+  // `className` is written with dots; the class is public and has a constructor without arguments.
+  // Errors: CommandError when no object can be created.
   JavaHandler(JNIEnv& env, const std::string& className);
   ~JavaHandler();
   JavaHandler(const JavaHandler&) = delete;
@@ -18,7 +21,7 @@ class JavaHandler {
   jobject object() const { return object_; }
 
   bool setProgram(const std::string& command);  // false: the handler runs no programs
-  void setTrackDuration(int milliseconds);      // nothing, where the handler does not want to know
+  void setTrackDuration(int milliseconds);      // ignored when the handler has no such method
 
  private:
   jmethodID findMethod(const char* name, const char* signature);

@@ -8,7 +8,7 @@
 #include <iterator>
 #include <sstream>
 
-#include "Commands.h"
+#include "CommandError.h"
 #include "TarqJniUtil.h"
 
 namespace {
@@ -21,7 +21,7 @@ const char* environment(const char* name) {
   return value == nullptr ? "" : value;
 }
 
-// The folder of the first `java` that the shell would run; empty: there is none.
+// The Java home of the first `java` that the shell would run; empty: there is none.
 fs::path homeOfJavaOnPath() {
   std::istringstream folders(environment("PATH"));
   std::error_code error;
@@ -32,7 +32,7 @@ fs::path homeOfJavaOnPath() {
   return {};
 }
 
-// Where a Java may be, the best place first. JAVA_HOME is the user's word: no other place counts then.
+// Where Java may be installed, the best place first. JAVA_HOME is the user's choice: it excludes all others.
 std::vector<fs::path> javaHomes() {
   if (const char* home = environment("JAVA_HOME"); *home != '\0') return {home};
   const fs::path installed = "/usr/lib/jvm";
@@ -66,16 +66,16 @@ std::string join(const std::vector<std::string>& parts, char separator) {
 
 JavaVm::JavaVm(const std::vector<std::string>& classPath, const std::vector<std::string>& options) {
   const CreateJavaVm create = findJava();
-  std::vector<std::string> texts = options;
-  texts.push_back("-Djava.class.path=" + join(classPath, ':'));
-  texts.push_back("-Xrs");  // signals stay the program's business
+  std::vector<std::string> strings = options;
+  strings.push_back("-Djava.class.path=" + join(classPath, ':'));
+  strings.push_back("-Xrs");  // the program handles signals itself
   std::vector<JavaVMOption> rows;
-  std::ranges::transform(texts, std::back_inserter(rows), [](std::string& text) {
-    return JavaVMOption{text.data(), nullptr};
+  std::ranges::transform(strings, std::back_inserter(rows), [](std::string& string) {
+    return JavaVMOption{string.data(), nullptr};
   });
   JavaVMInitArgs arguments{JNI_VERSION_1_6, static_cast<jint>(rows.size()), rows.data(), JNI_FALSE};
   if (create(&vm_, reinterpret_cast<void**>(&env_), &arguments) != JNI_OK)
-    throw CommandError("the Java VM could not be started");
+    throw CommandError("the Java VM did not start");
   TarqJniUtil::SetJavaVM(vm_);
 }
 

@@ -6,14 +6,15 @@
 #include <string>
 #include <vector>
 
-// A Java VM in this process, looked for at run time: nothing else here needs Java. libtarq knows it while it
-// is there.
-// The process can have one, once. The thread that makes it destroys it, and uses the environment.
+// A Java VM in this process, found at run time: nothing else here needs Java. libtarq uses it while it
+// exists. A process can create one, and only once.
+// Threads: the thread that creates it also destroys it and uses its environment.
 class JavaVm {
  public:
-  // `options`: further ones of the VM ("-Xcheck:jni"). Throws CommandError when no VM can be had.
+  // `options`: more options of the VM, such as "-Xcheck:jni".
+  // Errors: CommandError when there is no VM or it does not start.
   explicit JavaVm(const std::vector<std::string>& classPath, const std::vector<std::string>& options = {});
-  ~JavaVm();  // waits for the Java threads that are no daemons, and for attached threads
+  ~JavaVm();  // waits for all Java threads but daemons, and for attached threads
   JavaVm(const JavaVm&) = delete;
   JavaVm& operator=(const JavaVm&) = delete;
 

@@ -1,10 +1,11 @@
+#include "PlayCommand.h"
+
 #include <atomic>
 #include <csignal>
 #include <cstdio>
 #include <thread>
 
-#include "Commands.h"
-#include "HostSession.h"
+#include "CommandError.h"
 #include "InputFile.h"
 #include "PlayProgress.h"
 #include "PlayerSession.h"
@@ -17,7 +18,7 @@ constexpr auto kPollInterval = std::chrono::milliseconds(100);
 std::atomic<bool> interrupted = false;
 static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler sets it");
 
-// Until destroyed, the first SIGINT or SIGTERM asks the track to stop; the second ends the program.
+// While it exists, the first SIGINT or SIGTERM asks the track to stop; the second ends the program.
 class InterruptWatch {
  public:
   InterruptWatch() {
@@ -39,14 +40,14 @@ class InterruptWatch {
   struct sigaction previousTerm_;
 };
 
-// Ends the command: a source is not played.
+// Ends the command: a source is refused.
 struct Refusal {
   int code;
 };
 
 using Checker = std::unique_ptr<TarqResourceCheckerInterface>;
 
-// The checker has what to play.
+// Returns: the checker, which holds what to play.
 Checker checkSource(TarqDmrParamsInterface& params, const std::string& uri, const char* metadata) {
   Checker checker = newChecker(params);
   const int code = checker->CheckResource(uri.c_str(), metadata);
@@ -54,7 +55,7 @@ Checker checkSource(TarqDmrParamsInterface& params, const std::string& uri, cons
   return checker;
 }
 
-// Shows the track until it is over or somebody interrupts it, and how it ended.
+// Shows the track until it is over or interrupted, then how it ended.
 void follow(PlayerSession& session) {
   const char* outcome = "the track is over";
   {
@@ -72,7 +73,7 @@ void follow(PlayerSession& session) {
   std::puts(outcome);
 }
 
-// `next`: null when there is none.
+// `next`: null for none.
 void play(TarqDmrPlayerInterface& player, const PlayOptions& options, const TarqResourceInfo& resource,
           const char* metadata, const TarqResourceInfo* next) {
   PlayerSession session(player, options.handlerJar, options.handlerClass);
@@ -89,9 +90,9 @@ void play(TarqDmrPlayerInterface& player, const PlayOptions& options, const Tarq
 }  // namespace
 
 int runPlay(const PlayOptions& options) {
-  std::optional<std::string> text;
-  if (options.metadataFile) text = readMetadata(*options.metadataFile);
-  const char* metadata = text ? text->c_str() : nullptr;
+  std::optional<std::string> file;
+  if (options.metadataFile) file = readMetadata(*options.metadataFile);
+  const char* metadata = file ? file->c_str() : nullptr;
   TarqDmrPluginManager& host = openHost(options.host);
   TarqDmrParamsInterface& params = *host.GetParams();
   params.SetCurrentRegion(options.region);

@@ -10,7 +10,7 @@
 namespace {
 
 constexpr auto kPlainInterval = std::chrono::seconds(1);
-constexpr std::array kStates = {"stopped", "playing", "paused"};  // as TarqRendererHandler numbers them
+constexpr std::array kStates = {"stopped", "playing", "paused"};  // by the numbers of TarqRendererHandler
 
 std::string stateName(int state) {
   if (state >= 0 && static_cast<size_t>(state) < kStates.size()) return kStates[static_cast<size_t>(state)];
@@ -19,9 +19,9 @@ std::string stateName(int state) {
 
 std::string clockTime(int ms) {
   const int seconds = std::max(ms, 0) / 1000;
-  char text[32];
-  std::snprintf(text, sizeof text, "%d:%02d:%02d", seconds / 3600, seconds / 60 % 60, seconds % 60);
-  return text;
+  char clock[32];
+  std::snprintf(clock, sizeof clock, "%d:%02d:%02d", seconds / 3600, seconds / 60 % 60, seconds % 60);
+  return clock;
 }
 
 }  // namespace

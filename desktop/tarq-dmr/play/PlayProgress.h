@@ -5,9 +5,9 @@
 #include <optional>
 #include <string>
 
-inline constexpr int kStateStopped = 0;  // of TarqRendererHandler's states
+inline constexpr int kStateStopped = 0;  // TarqRendererHandler.STOPPED
 
-// Where the player is, as it told.
+// What the player reports.
 struct PlayMoment {
   int state;
   int positionMs;
@@ -16,8 +16,8 @@ struct PlayMoment {
 
 std::string describe(const PlayMoment& moment);  // "playing  0:00:07 / 0:42:07"
 
-// Shows on standard output how far a track is: on a terminal one line that changes, elsewhere a line a second
-// at most.
+// Shows on standard output how far a track is: one line that changes on a terminal, otherwise one more line
+// each second.
 class PlayProgress {
  public:
   PlayProgress();

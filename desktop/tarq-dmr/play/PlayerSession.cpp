@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <vector>
 
-#include "Commands.h"
+#include "CommandError.h"
 #include "DidlDuration.h"
 
 namespace {
@@ -18,11 +18,11 @@ void require(const char* operation, int code) {
 }
 
 fs::path existing(const fs::path& file) {
-  if (!fs::exists(file)) throw CommandError("there is no " + file.string());
+  if (!fs::exists(file)) throw CommandError("there is no file " + file.string());
   return file;
 }
 
-// The handler's own jar, if there is one, before the one with the class that it derives from.
+// The handler's own jar, if any, goes before the one with its base class.
 std::vector<std::string> classPath(const std::string& handlerJar) {
   const fs::path binFolder = fs::read_symlink("/proc/self/exe").parent_path();
   std::vector<std::string> jars = {existing(binFolder / "../lib/tarq-renderer.jar")};
@@ -47,7 +47,7 @@ const char* describePlayerResult(int code) {
     case kPlayerInvalidState:
       return "invalid state";
     default:
-      return "a code of the handler's own";
+      return "a code that the handler defines";
   }
 }
 
@@ -57,7 +57,7 @@ PlayerSession::PlayerSession(TarqDmrPlayerInterface& player, const std::string& 
       handler_(vm_.env(), handlerClass.empty() ? kDesktopHandler : handlerClass),
       player_(player) {
   if (player.AddCb(&vm_.env(), handler_.object()) != kPlayerOk) {
-    throw CommandError("the player did not take the handler");
+    throw CommandError("the player did not accept the handler");
   }
 }
 

@@ -9,19 +9,20 @@
 #include "TarqDmrPlayerInterface.h"
 #include "TarqResourceCheckerInterface.h"
 
-// An operation that the player did not answer with success.
+// An operation of the player that failed.
 struct PlayerFailure {
   const char* operation;
   int code;
 };
 const char* describePlayerResult(int code);
 
-// The plug-in's player with a Java VM and a handler behind it, as long as this lives.
-// Threads: one, from beginning to end. Every operation throws PlayerFailure.
+// The plug-in's player, connected to a handler in a Java VM while this exists.
+// Threads: one for all operations.
+// Errors: every operation throws PlayerFailure.
 class PlayerSession {
  public:
-  // Both texts may be empty: no jar but the one that is installed with this program, and its desktop handler.
-  // Throws CommandError when there is no Java VM, no such handler, or the player does not take it.
+  // Both strings may be empty: only the jar installed with this program, and its desktop handler.
+  // Errors: CommandError when there is no Java VM or no such handler, or the player does not accept it.
   PlayerSession(TarqDmrPlayerInterface& player, const std::string& handlerJar,
                 const std::string& handlerClass);
   ~PlayerSession();
@@ -30,7 +31,8 @@ class PlayerSession {
 
   JavaHandler& handler() { return handler_; }
 
-  // What a check found, with its duration where the handler wants to know. `metadata` may be null.
+  // Passes on what a check found.
+  // Null: `metadata` may be null.
   void setSource(const TarqResourceInfo& resource, const char* metadata);
   void setNextSource(const TarqResourceInfo& resource);
   void start();

@@ -1,0 +1,20 @@
+#ifndef TARQ_DMR_PLAY_COMMAND_H_
+#define TARQ_DMR_PLAY_COMMAND_H_
+
+#include <optional>
+
+#include "HostSession.h"
+
+struct PlayOptions {
+  HostOptions host;
+  std::string uri;
+  std::optional<std::string> metadataFile;  // "-": standard input
+  int32_t region = 0;
+  std::optional<std::string> nextUri;
+  std::string handlerJar;    // empty: only the one installed with this program
+  std::string handlerClass;  // empty: the desktop handler
+  std::string program;       // empty: none
+};
+int runPlay(const PlayOptions& options);
+
+#endif  // TARQ_DMR_PLAY_COMMAND_H_

@@ -8,6 +8,7 @@
 #include "LogCapture.h"
 #include "OutcomeRows.h"
 #include "RawHttpServer.h"
+#include "TestRows.h"
 
 using testing::ElementsAre;
 
@@ -48,13 +49,11 @@ const QuickCase kQuick[] = {
 // clang-format on
 
 // Nothing listens on port 1: what is not decided from the texts alone ends in 55202 where a server is asked.
-TEST(Checker, AcceptsQuicklyByTheTexts) {
-  for (const QuickCase& c : kQuick) {
-    const auto checker = newChecker();
-    const int code = checker->CheckResource(c.uri, c.metadata);
-    EXPECT_EQ(outcomeOf(*checker, code), c.expected) << c.name;
-    EXPECT_TRUE(code != 0 || checker->GetResource()->uri == c.uri) << c.name << ": not the caller's own text";
-  }
+TEST_ROWS(Checker, AcceptsQuicklyByTheStrings, kQuick) {
+  const auto checker = newChecker();
+  const int code = checker->CheckResource(row.uri, row.metadata);
+  EXPECT_EQ(outcomeOf(*checker, code), row.expected);
+  EXPECT_TRUE(code != 0 || checker->GetResource()->uri == row.uri) << "not the caller's own string";
 }
 
 // The metadata offers nothing, so that "MIME type|content features" of the answer tell the format.

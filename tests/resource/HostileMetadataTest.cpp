@@ -9,6 +9,8 @@
 #include <string>
 
 #include "Checker.h"
+#include "DidlText.h"
+#include "TestRows.h"
 
 namespace {
 
@@ -21,12 +23,6 @@ struct HostileCase {
   std::string (*properties)();
   const char* outcome;  // how it begins
 };
-
-std::string repeated(const std::string& text, size_t count) {
-  std::string all;
-  for (; count > 0; --count) all += text;
-  return all;
-}
 
 long peakKiB() {
   rusage usage{};
@@ -71,18 +67,16 @@ const HostileCase kHostile[] = {
 // clang-format on
 
 // Each in a process of its own: memory that an earlier one has freed would hide what it takes.
-TEST(HostileMetadata, IsAnsweredSoonAndInLittleMemory) {
-  for (const HostileCase& hostile : kHostile) {
-    const pid_t child = fork();
-    if (child == 0) {
-      const std::string complaint = complaintOf(hostile);
-      std::fputs(complaint.c_str(), stderr);
-      _exit(complaint.empty() ? 0 : 1);
-    }
-    int status = -1;
-    waitpid(child, &status, 0);
-    EXPECT_EQ(status, 0) << hostile.name;
+TEST_ROWS(HostileMetadata, IsAnsweredSoonAndInLittleMemory, kHostile) {
+  const pid_t child = fork();
+  if (child == 0) {
+    const std::string complaint = complaintOf(row);
+    std::fputs(complaint.c_str(), stderr);
+    _exit(complaint.empty() ? 0 : 1);
   }
+  int status = -1;
+  waitpid(child, &status, 0);
+  EXPECT_EQ(status, 0);
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 #include <sstream>
 #include <string>
 
-#include "DidlText.h"
+#include "Didl.h"
 #include "OutcomeRows.h"
 #include "TarqDlnaResSelection.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "DidlText.h"
+#include "Didl.h"
 #include "TarqDlnaResSelection.h"
 
 namespace {

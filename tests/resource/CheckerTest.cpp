@@ -1,9 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <rapidjson/document.h>
 
 #include <fstream>
 #include <regex>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -17,30 +17,32 @@ using testing::ElementsAre;
 
 namespace {
 
-struct QuickCase {
+struct StringsCase {
   const char* name;
   const char* uri;
   const char* metadata;
-  const char* expected;
+  const char* expected;  // the MIME type of a quick acceptance, or the code of a refusal
 };
 
 // clang-format off
-const QuickCase kQuick[] = {
-    {"InternetVideo", "http://h.example/x", "http-get:*:audio/x http-get:*:video/mp4", "0 -1 video/* [-] - -"},
-    {"InternetAudio", "http://h.example/x", "http-get:*:audio/mp4", "0 -1 audio/* [-] - -"},
+#define APPLE "application/vnd.apple.mpegURL"
+#define HLS "application/x-mpegURL"
+#define ITEM(res) "<DIDL-Lite><item>" res "</item></DIDL-Lite>"
+const StringsCase kStrings[] = {
+    {"InternetVideo", "http://h.example/x", "http-get:*:audio/x http-get:*:video/mp4", "video/*"},
+    {"InternetAudio", "http://h.example/x", "http-get:*:audio/mp4", "audio/*"},
     {"HomeIsProbed", "http://127.0.0.1:1/x", "http-get:*:audio/x http-get:*:video/mp4", "55202"},
-    {"ApplePlaylist", "http://127.0.0.1:1/x", "http-get:*:application/x-mpegURL http-get:*:application/vnd.apple.mpegURL",
-     "0 -1 application/vnd.apple.mpegURL [-] - -"},
-    {"PlaylistBeforeUri", "http://127.0.0.1:1/m3u8", "http-get:*:application/x-mpegURL", "0 -1 application/x-mpegURL [-] - -"},
-    {"M3u8AnywhereInTheUri", "http://127.0.0.1:1/m3u8/x.mp4", "audio/", "0 -1 video/* [-] - -"},
-    {"Mp4WithAudio", "http://127.0.0.1:1/a?mp4", "audio/", "0 -1 audio/* [-] - -"},
-    {"FlvWithoutAudio", "rtsp://127.0.0.1/a.flv", "", "0 -1 video/* [-] - -"},
+    {"ApplePlaylist", "http://127.0.0.1:1/x", "http-get:*:" HLS " http-get:*:" APPLE, APPLE},
+    {"PlaylistBeforeUri", "http://127.0.0.1:1/m3u8", "http-get:*:" HLS, HLS},
+    {"M3u8AnywhereInTheUri", "http://127.0.0.1:1/m3u8/x.mp4", "audio/", "video/*"},
+    {"Mp4WithAudio", "http://127.0.0.1:1/a?mp4", "audio/", "audio/*"},
+    {"FlvWithoutAudio", "rtsp://127.0.0.1/a.flv", "", "video/*"},
     {"CaseMatters", "http://127.0.0.1:1/a.MP4", "", "55202"},
     {"NoMetadataNoQuickTest", "http://h.example/a.mp4", nullptr, "55106"},
     {"NoUrl", "127.0.0.1/a.mp4", "http-get:*:video", "55106"},
     {"NoHost", "file:///a.mp4", "http-get:*:video", "55106"},
     {"NoUri", nullptr, "http-get:*:video", "55106"},
-    {"LeadingZeroIsAName", "http://127.0.0.01:1/x", "http-get:*:video/mp4", "0 -1 video/* [-] - -"},
+    {"LeadingZeroIsAName", "http://127.0.0.01:1/x", "http-get:*:video/mp4", "video/*"},
     {"RvuIsNotProbed", "http://127.0.0.1:1/x", "RVUALLIANCE", "55106"},
     {"SchemeInAnyCase", "HTTP://127.0.0.1:1/x", nullptr, "55202"},
     {"NotHttp", "https://127.0.0.1:1/x", nullptr, "55100"},
@@ -48,18 +50,20 @@ const QuickCase kQuick[] = {
     {"NotImplemented", nullptr, "NOT_IMPLEMENTED", "55106"},
     {"NotWellFormed", nullptr, "<DIDL-Lite><item><res", "55106"},
     {"NoObject", nullptr, "<DIDL-Lite/>", "55106"},
-    {"NoRes", nullptr, "<DIDL-Lite><item/></DIDL-Lite>", "55106"},
-    {"NothingInTheRes", nullptr, "<DIDL-Lite><item><res>u</res><res protocolInfo=''/></item></DIDL-Lite>", "55106"},
-    {"OneObjectCounts", nullptr, "<DIDL-Lite><item><res/></item><item><res protocolInfo='::audio/L16:'>u</res></item></DIDL-Lite>", "55106"},
+    {"NoRes", nullptr, ITEM(""), "55106"},
+    {"NothingInTheRes", nullptr, ITEM("<res>u</res><res protocolInfo=''/>"), "55106"},
+    {"OnlyTheFirstObject", nullptr, ITEM("<res/></item><item><res protocolInfo='::audio/L16:'>u</res>"),
+     "55106"},
 };
 // clang-format on
 
 // Nothing listens on port 1: what is not decided from the strings alone ends in 55202 where a server is
 // asked.
-TEST_ROWS(Checker, DecidesByTheStrings, kQuick) {
+TEST_ROWS(Checker, DecidesByTheStrings, kStrings) {
   const auto checker = newChecker();
   const int code = checker->CheckResource(row.uri, row.metadata);
-  EXPECT_EQ(outcomeOf(*checker, code), row.expected);
+  const std::string expected = row.expected;
+  EXPECT_EQ(outcomeOf(*checker, code), code == 0 ? "0 -1 " + expected + " [-] - -" : expected);
   EXPECT_TRUE(code != 0 || checker->GetResource()->uri == row.uri) << "not the caller's own string";
 }
 
@@ -80,7 +84,8 @@ const OutcomeRow kAnswers[] = {
     {"NotAType", "video", "55106"},
     {"Profile", "a/b|DLNA.ORG_PN=MPEG1;X=1", "0 -1 a/b [DLNA.ORG_PN=MPEG1;X=1] - MPEG1"},
     {"UnknownProfileEndsIt", "video/mp4|DLNA.ORG_PN=X;ORSA.COM_PN=HD2_60_T", "55106"},
-    {"VendorBeforeArib", "a/b|ARIB.OR.JP_PN=X;ORSA.COM_PN=HD2_60_T", "0 -1 a/b [ARIB.OR.JP_PN=X;ORSA.COM_PN=HD2_60_T] - MPEG2_TTS"},
+    {"VendorBeforeArib", "a/b|ARIB.OR.JP_PN=X;ORSA.COM_PN=HD2_60_T",
+     "0 -1 a/b [ARIB.OR.JP_PN=X;ORSA.COM_PN=HD2_60_T] - MPEG2_TTS"},
     {"TypeIsNotAProfile", "a/b|DLNA.ORG_PN=video/mp4", "55106"},
     {"ProfileIsNotAType", "MP3/MP3", "55106"},
     {"FeaturesDoNotParse", "video/mp4|=", "0 -1 video/mp4 [=] - MPEG4"},
@@ -181,24 +186,20 @@ TEST(Checker, KeepsWhatALaterCheckDoesNotSet) {
 struct Sample {
   std::string name;
   std::string metadata;
-  std::string expected;
+  std::string outcome;
 };
 const std::vector<Sample> kSamples = [] {
   std::vector<Sample> samples;
-  std::ifstream lines(TARQ_TEST_DATA "/minidlna.ndjson");
-  for (std::string line; std::getline(lines, line);) {
-    rapidjson::Document item;
-    item.Parse(line.c_str());
-    const std::string uri = item["uri"].GetString();
-    samples.push_back(
-        {uri.substr(uri.rfind('/') + 1), item["metadata"].GetString(), item["x-expected"].GetString()});
-  }
+  std::ifstream lines(TARQ_TEST_DATA "/minidlna.txt");
+  for (Sample next;
+       getline(lines, next.name) && getline(lines, next.metadata) && getline(lines, next.outcome);)
+    samples.push_back(next);
   return samples;
 }();
 
 TEST_ROWS(Checker, ChoosesAmongTheElementsOfARealServer, kSamples) {
   const auto checker = newChecker();
-  EXPECT_EQ(outcomeOf(*checker, checker->CheckResource(nullptr, row.metadata.c_str())), row.expected);
+  EXPECT_EQ(outcomeOf(*checker, checker->CheckResource(nullptr, row.metadata.c_str())), row.outcome);
 }
 
 }  // namespace

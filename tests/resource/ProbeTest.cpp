@@ -9,15 +9,16 @@
 #include <future>
 #include <map>
 #include <random>
+#include <regex>
 #include <string>
 #include <vector>
 
 #include "Checker.h"
 #include "DidlText.h"
 #include "HeldResources.h"
+#include "LogCapture.h"
 #include "RawHttpServer.h"
 #include "TestRows.h"
-#include "VondHspClient.h"
 
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
@@ -87,23 +88,16 @@ void holdFirstSelection() {
   newChecker()->CheckResource(nullptr, Item("http://a.invalid/").metadata.c_str());
 }
 
-// "code status type|features": what the client made of the answer.
-std::string head(const std::string& url) {
-  VondHspClient client(true);
-  VondHspDlnaResponse response;
-  const int code = client.Head(url.c_str(), VondHspDlnaRequest(), &response);
-  client.Close();
-  client.Close();
-  const auto shown = [](const char* text) { return std::string(text != nullptr ? text : "-"); };
-  return std::to_string(code) + " " + std::to_string(response.GetStatusCode()) + " " +
-         shown(response.GetContentType()) + "|" + shown(response.GetContentFeatures());
-}
-
-// What the client makes of a server => what the check makes of it.
-std::string outcomeOf(const std::string& url, TarqResourceCheckerInterface& checker) {
-  auto client = std::async(std::launch::async, head, url);
-  const std::string checked = outcomeOf(checker, Item(url).check(checker));
-  return client.get() + " => " + checked;
+// What the check makes of a server, after the code of the client where it failed.
+std::string outcomeOf(const std::string& url) {
+  const auto checker = newChecker(2);
+  LogCapture log;
+  std::string outcome = outcomeOf(*checker, Item(url).check(*checker));
+  std::smatch failed;
+  for (const std::string& line : log.take())
+    if (std::regex_search(line, failed, std::regex("FAILED .(\\d+)")))
+      outcome = failed[1].str() + " " + outcome;
+  return outcome;
 }
 
 using Answer = RawHttpServer::Answer;
@@ -129,13 +123,12 @@ Answer endless(const std::string& text, const std::string& more, std::chrono::mi
 
 const std::string kOk = "HTTP/1.1 200 OK\r\n";
 const std::string kMp3 = kOk + "Content-Type: audio/mpeg\r\n";
+const std::string kFeatures = "CONTENTfeatures.DLNA.org:";
 const std::string kInterim = "HTTP/1.1 100 Continue\r\nContent-Type: video/mp4\r\n\r\n";
 
-constexpr const char* kAccepted = "0 200 audio/mpeg|- => 0 -1 audio/mpeg [] - MP3";
-constexpr const char* kNoType = "0 200 -|- => 55106";
-constexpr const char* kInvalid = "2105 0 -|- => 55108";
-constexpr const char* kLost = "2106 0 -|- => 55108";
-constexpr const char* kTimedOut = "2109 0 -|- => 55204";
+constexpr const char* kAccepted = "0 -1 audio/mpeg [] - MP3";
+constexpr const char* kInvalid = "2105 55108";
+constexpr const char* kLost = "2106 55108";
 
 struct OddServer {
   const char* name;
@@ -144,33 +137,28 @@ struct OddServer {
 };
 // clang-format off
 const OddServer kOddServers[] = {
-    {"NoContent", sending("HTTP/1.1 204 None\r\n\r\n"), "0 204 -|- => 55106"},
-    {"Choices", sending("HTTP/1.1 300 X\r\nContent-Type: audio/mpeg\r\n\r\n"), "0 300 audio/mpeg|- => 55108"},
-    {"Moved", sending("HTTP/1.1 301 X\r\nLocation: /again\r\n\r\n"), "0 301 -|- => 55108"},
-    {"Forbidden", sending("HTTP/1.1 403 X\r\nContent-Length: 9\r\n\r\nForbidden"), "0 403 -|- => 55200"},
-    {"Failed", sending("HTTP/1.1 500 X\r\n\r\n"), "0 500 -|- => 55108"},
-    {"Busy", sending("HTTP/1.1 503 X\r\n\r\n"), "0 503 -|- => 55107"},
+    {"Choices", sending("HTTP/1.1 300 X\r\nContent-Type: a/b\r\n\r\n"), "55108"},
+    {"Moved", sending("HTTP/1.1 301 X\r\nLocation: /again\r\n\r\n"), "55108"},
+    {"Forbidden", sending("HTTP/1.1 403 X\r\nContent-Length: 9\r\n\r\nForbidden"), "55200"},
+    {"Failed", sending("HTTP/1.1 500 X\r\n\r\n"), "55108"},
+    {"Busy", sending("HTTP/1.1 503 X\r\n\r\n"), "55107"},
 
-    {"NoType", sending(kOk + "\r\n"), kNoType},
-    {"EmptyType", sending(kOk + "Content-Type:\r\n\r\n"), "0 200 |- => 55106"},
+    {"NoType", sending(kOk + "\r\n"), "55106"},
     {"FoldedType", sending(kOk + "content-TYPE:\r\n audio/mpeg\r\n\r\n"), kAccepted},
     {"NoReason", sending("HTTP/1.1 200\r\nContent-Type: audio/mpeg\r\n\r\n"), kAccepted},
-    {"StatusLineAsHeader", sending("HTTP/1.1 200\r\nHTTP/1.1: x\r\nContent-Type: audio/mpeg\r\n\r\n"), kAccepted},
+    {"StatusLineAsHeader", sending(kMp3 + "HTTP/1.1: x\r\n\r\n"), kAccepted},
     {"LineFeedsAlone", sending("HTTP/1.1 200 OK\nContent-Type: audio/mpeg\n\n"), kAccepted},
-    {"NegativeLength", sending(kMp3 + "Content-Length: -1\r\n\r\n"), kAccepted},
     {"Body", sending(kMp3 + "Content-Length: 5\r\n\r\nbody!"), kAccepted},
     {"EndlessBody", endless(kMp3 + "\r\n", std::string(1000, 'x')), kAccepted},
-    {"FeaturesInAnyCase", sending(kOk + "CONTENTfeatures.DLNA.org: DLNA.ORG_PN=MP3\r\n\r\n"),
-     "0 200 -|DLNA.ORG_PN=MP3 => 55106"},
-    {"FeaturesFolded", sending(kMp3 + "contentFeatures.dlna.org:DLNA.ORG_PN=MP3;\r\n\t DLNA.ORG_OP=01 \r\n \r\nX: 1\r\n\t2\r\n\r\n"),
-     "0 200 audio/mpeg|DLNA.ORG_PN=MP3; DLNA.ORG_OP=01 => 0 -1 audio/mpeg [DLNA.ORG_PN=MP3; DLNA.ORG_OP=01] - MP3"},
-    {"FeaturesTwice", sending(kMp3 + "contentFeatures.dlna.org: *\r\nCONTENTFEATURES.DLNA.ORG: x\r\n y\r\n\r\n"),
-     "0 200 audio/mpeg|* => 0 -1 audio/mpeg [*] - MP3"},
-    {"FeaturesOfForeignBytes", sending(kMp3 + "contentFeatures.dlna.org: \xFF\x80=\xC3\r\n\r\n"),
-     "0 200 audio/mpeg|\xFF\x80=\xC3 => 0 -1 audio/mpeg [\xFF\x80=\xC3] - MP3"},
+    {"FeaturesFolded", sending(kMp3 + kFeatures + "A;\r\n\t B=1 \r\n \r\nX: 1\r\n\t2\r\n\r\n"),
+     "0 -1 audio/mpeg [A; B=1] - MP3"},
+    {"FeaturesTwice", sending(kMp3 + kFeatures + "*\r\ncontentfeatures.dlna.org: x\r\n y\r\n\r\n"),
+     "0 -1 audio/mpeg [*] - MP3"},
+    {"FeaturesOfForeignBytes", sending(kMp3 + kFeatures + "\xFF\x80=\xC3\r\n\r\n"),
+     "0 -1 audio/mpeg [\xFF\x80=\xC3] - MP3"},
     {"HeadersUpToTheLimit", sending(kMp3 + repeated("X: y\r\n", 50'000) + "\r\n"), kAccepted},
     {"FiftyInterimAnswers", sending(repeated(kInterim, 50) + kMp3 + "\r\n"), kAccepted},
-    {"TypeOfAnInterimAnswer", sending(kInterim + kOk + "\r\n"), kNoType},
+    {"TypeOfAnInterimAnswer", sending(kInterim + kOk + "\r\n"), "55106"},
 
     {"IcyStatus", sending("ICY 200 OK\r\nContent-Type: audio/mpeg\r\n\r\n"), kInvalid},
     {"NoStatusLine", sending("hello, this is no HTTP answer at all\r\n"), kInvalid},
@@ -184,24 +172,21 @@ const OddServer kOddServers[] = {
 
     {"ClosesAtOnce", sending(""), kLost},
     {"ResetsAtOnce", resetting(""), kLost},
-    {"ResetsInTheHeaders", resetting(kMp3), kLost},
     {"HalfAStatusLine", sending("HTTP/1.1 2"), kLost},
-    {"HalfAHeader", sending(kOk + "Content-Type: audio/mp"), kLost},
     {"NoBlankLine", sending(kMp3), kLost},
-    {"InterimAnswerAlone", sending(kInterim), kLost},
 };
 // clang-format on
 
 TEST_ROWS(OddServer, EndsInAResult, kOddServers) {
   RawHttpServer server(row.answer);
-  EXPECT_EQ(outcomeOf(server.url(), *newChecker(2)), row.outcome);
+  EXPECT_EQ(outcomeOf(server.url()), row.outcome);
 }
 
 TEST(Probe, FailsWhereNobodyListens) {
   std::string nobody;
   { nobody = LoopbackListener().url("/"); }
-  EXPECT_EQ(outcomeOf(nobody, *newChecker()), "2103 0 -|- => 55202");
-  EXPECT_EQ(outcomeOf("http://nobody.invalid/", *newChecker()), "2104 0 -|- => 55201");
+  EXPECT_EQ(outcomeOf(nobody), "2103 55202");
+  EXPECT_EQ(outcomeOf("http://nobody.invalid/"), "2104 55201");
 }
 
 // All at once, because each takes the whole time.
@@ -216,7 +201,7 @@ TEST(Probe, EndsAtTheTimeLimit) {
   const auto expectLimit = [](const std::string& url, std::chrono::seconds limit) {
     return std::async(std::launch::async, [url, limit, checker = newChecker()] {
       const Clock::time_point begin = Clock::now();
-      EXPECT_EQ(outcomeOf(url, *checker), kTimedOut) << url;
+      EXPECT_EQ(Item(url).check(*checker), 55204) << url;
       const Clock::duration taken = Clock::now() - begin;
       EXPECT_TRUE(taken >= limit - 100ms && taken <= limit + 4s) << url << ": " << taken.count() << " ns";
     });

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <list>
 #include <sstream>
 #include <string>
 
@@ -9,59 +11,40 @@
 
 namespace {
 
-const char* nameOf(int category) {
-  constexpr const char* kNames[] = {"photo", "music", "video", "unknown"};
-  return kNames[category];
-}
-
-// Of "MIME-type extension profile"; "-" is absent.
+// Elements separated by " | ", each of at most a MIME type, which has a "/", a profile name and an extension,
+// which begins with "."; => the category of every one of them.
+// clang-format off
 const OutcomeRow kCategories[] = {
-    {"MimeTypeFirst", "IMAGE/Jpeg;x=1 mp4 MP3", "photo"},
-    {"MimeTypeBeforeAll", "application/octet-stream mp3 MP3", "video"},
-    {"ApplicationOgg", "application/ogg - -", "music"},
-    {"ProfileBeforeExtension", "audio/ mpg JPEG_TN", "photo"},
-    {"ProfileMayGoOn", "text/plain - WMABASEX", "music"},
-    {"LongerProfile", "- avi MP3X", "video"},
-    {"VideoProfile", "- jpg MPEG1", "video"},
-    {"FirstVideoProfile", "- - AVC_TS_HD_24_AC3", "video"},
-    {"LongerVideoProfile", "- jpg MPEG1_X", "photo"},
-    {"ExtensionIsWhole", "- mp3x -", "unknown"},
-    {"Nothing", "- - -", "unknown"},
+    {"Photo", "image/x | JPEG_LRG | JPEG_MED | JPEG_SM | JPEG_TN | .jpg | .kzr", "photo"},
+    {"Music", "audio/x | application/ogg | LPCM | MP3 | WMABASE | WMAFULLX | .lpcm | .MP3 | "
+     ".3gp | .3g2", "music"},
+    {"VideoType", "video/x | application/x-dtcp1 | application/octet-stream | application/vnd.rn-realmedia | "
+     "application/vnd.rn-realmedia-vbr | application/x-mpegURL | application/vnd.apple.mpegURL", "video"},
+    {"VideoExtension", ".mpg | .m2t | .m2ts | .mts | .tts | .mp4 | .mpeg | .mpe | .divx | .avi | .mkv | "
+     ".webm | .mov | .rmvb | .rm | .rmv | .XVID", "video"},
+    {"VideoProfile", "MPEG1 .jpg | AVC_TS_HD_24_AC3", "video"},
+    {"TypeFirst", "application/octet-stream MP3 .mp3", "video"},
+    {"TypeInAnyCase", "IMAGE/Jpeg;x=1 MP3 .mp4", "photo"},
+    {"ProfileBeforeExtension", "audio/ JPEG_TN .mpg", "photo"},
+    {"LongerProfile", "text/plain MP3X .jpg | MPEG1_X .jpg", "photo"},
+    {"Nothing", "text/plain | MP3X | .mp3x | .", "unknown"},
 };
+// clang-format on
 
 TEST_ROWS(MediaCategory, ComesFromTheFirstStageThatDecides, kCategories) {
-  std::string words[3];
-  std::istringstream in(row.input);
-  for (std::string& word : words) in >> word;
-  const auto text = [](const std::string& word) { return word == "-" ? nullptr : word.c_str(); };
-  EXPECT_STREQ(
-      nameOf(TarqDlnaResSelection(1).selectMediaCategory(text(words[0]), text(words[1]), text(words[2]))),
-      row.outcome);
-}
-
-// What one word tells alone: a MIME type has a "/", an extension begins with ".", the others are profiles.
-const OutcomeRow kWords[] = {
-    {"Photo", "image/x JPEG_LRG JPEG_MED JPEG_SM JPEG_TN .jpg .kzr", "photo"},
-    {"Music", "audio/x LPCM MP3 WMABASE WMAFULL .lpcm .MP3 .3gp .3g2", "music"},
-    {"VideoTypes",
-     "video/x application/x-dtcp1 application/vnd.rn-realmedia-vbr application/vnd.rn-realmedia "
-     "application/x-mpegURL application/vnd.apple.mpegURL",
-     "video"},
-    {"VideoExtensions",
-     ".mpg .m2t .m2ts .mts .tts .mp4 .mpeg .mpe .divx .avi .mkv .webm .mov .rmvb .rm .rmv .xvid .XVID",
-     "video"},
-};
-
-TEST_ROWS(MediaCategory, IsToldByOneWord, kWords) {
-  std::istringstream in(row.input);
-  for (std::string word; in >> word;) {
-    const bool type = word.find('/') != word.npos;
-    const bool extension = word[0] == '.';
-    EXPECT_STREQ(nameOf(TarqDlnaResSelection(1).selectMediaCategory(
-                     type ? word.c_str() : nullptr, extension ? word.c_str() + 1 : nullptr,
-                     type || extension ? nullptr : word.c_str())),
-                 row.outcome)
-        << word;
+  constexpr const char* kNames[] = {"photo", "music", "video", "unknown"};
+  const char* texts[3] = {};
+  std::istringstream words(std::string(row.input) + " |");
+  for (std::list<std::string> kept; words >> kept.emplace_back();) {
+    const std::string& word = kept.back();
+    if (word != "|") {
+      texts[word.find('/') != word.npos ? 0 : word[0] == '.' ? 1 : 2] = word.c_str() + (word[0] == '.');
+      continue;
+    }
+    const int category = TarqDlnaResSelection(1).selectMediaCategory(texts[0], texts[1], texts[2]);
+    EXPECT_STREQ(kNames[category], row.outcome) << testing::PrintToString(kept);
+    kept.clear();
+    std::ranges::fill(texts, nullptr);
   }
 }
 
@@ -144,24 +127,28 @@ std::string readRecord(const std::string& res) {
 }
 
 // clang-format off
+#define RES "<res protocolInfo='a:*:"
 const OutcomeRow kRecords[] = {
-    {"NoProtocolInfo", "<res>http://h/a.mp4</res>", "- - - - - 3 converted 0"},
-    {"NoColon", "<res protocolInfo='video'>http://h/a.mp4</res>", "- - - - - 3 converted 0"},
-    {"NoUrl", "<res protocolInfo='a:*:video/mp4:*'/>", "video/mp4 * - - - 2 original 0"},
-    {"NoMimeType", "<res protocolInfo='a:b'>http://h/a.mp4</res>", "- - - mp4 - 3 converted 0"},
-    {"NoFourthField", "<res protocolInfo='a:*:video/mp4' resolution='1x1'>/a.mp4</res>", "video/mp4 - - mp4 - 3 converted 0"},
-    {"EmptyFourthField", "<res protocolInfo='a:*:video/mp4:' resolution='1x1'>http://h/a</res>", "video/mp4  -  1x1 2 original 0"},
-    {"FourthFieldDoesNotParse", "<res protocolInfo='a:*:video/mp4:=1'>http://h/a.mp4</res>", "- - - - - 3 converted 0"},
-    {"Converted", "<res protocolInfo='a:*:video/mp4:DLNA.ORG_CI=1;DLNA.ORG_PN=X'>a</res>", "video/mp4 DLNA.ORG_CI=1;DLNA.ORG_PN=X X - - 2 converted 0"},
-    {"ConvertedIsNotZero", "<res protocolInfo='a:*:video/mp4:DLNA.ORG_CI=00'>a</res>", "video/mp4 DLNA.ORG_CI=00 - - - 2 converted 0"},
+    {"NoProtocolInfo", "<res>/a.mp4</res>", "- - - - - 3 converted 0"},
+    {"NoColon", "<res protocolInfo='video'>/a.mp4</res>", "- - - - - 3 converted 0"},
+    {"NoUrl", RES "video/mp4:*'/>", "video/mp4 * - - - 2 original 0"},
+    {"NoMimeType", "<res protocolInfo='a:b'>/a.mp4</res>", "- - - mp4 - 3 converted 0"},
+    {"NoFourthField", RES "video/mp4' resolution='1x1'>/a.mp4</res>", "video/mp4 - - mp4 - 3 converted 0"},
+    {"EmptyFourthField", RES "video/mp4:' resolution='1x1'>/a</res>", "video/mp4  -  1x1 2 original 0"},
+    {"FourthFieldDoesNotParse", RES "video/mp4:=1'>/a.mp4</res>", "- - - - - 3 converted 0"},
+    {"Converted", RES "video/mp4:DLNA.ORG_CI=1;DLNA.ORG_PN=X'>a</res>",
+     "video/mp4 DLNA.ORG_CI=1;DLNA.ORG_PN=X X - - 2 converted 0"},
+    {"NotZero", RES "video/mp4:DLNA.ORG_CI=00'>a</res>", "video/mp4 DLNA.ORG_CI=00 - - - 2 converted 0"},
     // What link-protected content wraps.
-    {"Wrapped", "<res protocolInfo='a:*:application/x-dtcp1;P=1;CONTENTFORMAT=\"video/mpeg\":*'>/a.m</res>", "video/mpeg * - m - 2 original 0"},
-    {"WrappingDoesNotParse", "<res protocolInfo='a:*:=1;CONTENTFORMAT=video/mpeg:*'>/a.m</res>", "- - - - - 3 converted 0"},
-    {"NothingWrapped", "<res protocolInfo='a:*:CONTENTFORMATS=1:*'>/a.mpg</res>", "- * - mpg - 2 original 0"},
+    {"Wrapped", RES "application/x-dtcp1;P=1;CONTENTFORMAT=\"video/mpeg\":*'>/a.m</res>",
+     "video/mpeg * - m - 2 original 0"},
+    {"WrappingDoesNotParse", RES "=1;CONTENTFORMAT=video/mpeg:*'>/a.m</res>", "- - - - - 3 converted 0"},
+    {"NothingWrapped", RES "CONTENTFORMATS=1:*'>/a.mpg</res>", "- * - mpg - 2 original 0"},
     // Only photos and video have a resolution, only photos are of several pictures.
-    {"Music", "<res protocolInfo='a:*:audio/mpeg:*' resolution='1x1'>/a.mp3</res>", "audio/mpeg * - mp3 - 1 original 0"},
-    {"Photo", "<res protocolInfo='a:*:image/jpeg:*' resolution='1x1' av:mpfEntries=' 12x'>/a.jpg</res>", "image/jpeg * - jpg 1x1 0 original 12"},
-    {"VideoOfPictures", "<res protocolInfo='a:*:video/mp4:*' av:mpfEntries='2'>/a.mp4</res>", "video/mp4 * - mp4 - 2 original 0"},
+    {"Music", RES "audio/mpeg:*' resolution='1x1'>/a.mp3</res>", "audio/mpeg * - mp3 - 1 original 0"},
+    {"Photo", RES "image/jpeg:*' resolution='1x1' av:mpfEntries=' 12x'>/a.jpg</res>",
+     "image/jpeg * - jpg 1x1 0 original 12"},
+    {"Video", RES "video/mp4:*' av:mpfEntries='2'>/a.mp4</res>", "video/mp4 * - mp4 - 2 original 0"},
 };
 // clang-format on
 

@@ -48,6 +48,14 @@ TEST(VondArrayList, FindsAndRemovesWithinItsBounds) {
   EXPECT_TRUE(list.get(1, &list.get(1)) && list.get(1) == last);
 }
 
+TEST(VondArrayList, TakesItsOwnEntriesAndEmptyRanges) {
+  VondArrayListT<Entry> list;
+  list.add({"a long key, which moves when the storage grows", 1});
+  EXPECT_TRUE(list.add(list.get(0)) && list.get(1) == list.get(0));
+  list.removeAt(0, 0);
+  EXPECT_THAT(valuesOf(list), ElementsAre(1, 1));
+}
+
 TEST(VondArrayMap, PutNeverOverwritesAndKeepsTheOrder) {
   VondArrayMapT<VondString, int> map;
   VondArrayListT<VondString> keys;

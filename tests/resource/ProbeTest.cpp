@@ -8,6 +8,7 @@
 #include <cmath>
 #include <future>
 #include <map>
+#include <mutex>
 #include <random>
 #include <regex>
 #include <string>
@@ -24,29 +25,12 @@ using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 using Connection = RawHttpServer::Connection;
 
-namespace {
-
-// While it lives, whoever looks up "stuck.invalid" waits.
-class StuckLookup {
- public:
-  StuckLookup() { set(true); }
-  ~StuckLookup() { set(false); }
-  static void wait() { stuck_.wait(true); }
-
- private:
-  static void set(bool stuck) {
-    stuck_ = stuck;
-    stuck_.notify_all();
-  }
-  static inline std::atomic<bool> stuck_ = false;
-};
-
-}  // namespace
+static std::mutex stuckLookup;  // while it is locked, whoever looks up "stuck.invalid" waits
 
 // Takes the place of the C library's function in this program, libcurl included: no name server is asked.
 extern "C" int getaddrinfo(const char* node, const char* service, const addrinfo* hints, addrinfo** result) {
   const std::string_view name = node != nullptr ? node : "";
-  if (name == "stuck.invalid") StuckLookup::wait();
+  if (name == "stuck.invalid") const std::lock_guard wait(stuckLookup);
   if (name.ends_with(".invalid")) return EAI_NONAME;
   static const auto real = reinterpret_cast<decltype(&getaddrinfo)>(dlsym(RTLD_NEXT, "getaddrinfo"));
   return real(node, service, hints, result);
@@ -191,7 +175,7 @@ TEST(Probe, FailsWhereNobodyListens) {
 
 // All at once, because each takes the whole time.
 TEST(Probe, EndsAtTheTimeLimit) {
-  const StuckLookup stuck;
+  const std::lock_guard stuck(stuckLookup);
   const DeafListener deaf;
   RawHttpServer silence(endless("", "", 60s));
   RawHttpServer silenceInTheHeaders(endless(kMp3, "", 60s));
@@ -214,12 +198,8 @@ TEST(Probe, EndsAtTheTimeLimit) {
                                        expectLimit("http://stuck.invalid/", 5s)};
 }
 
-struct CancelledProbe {
-  int result;
-  Clock::duration slowest;  // of `Cancel` and of the end of the check after its beginning
-};
-
-CancelledProbe cancelProbe(const Item& item, std::chrono::microseconds delay) {
+// The result, and how long `Cancel` and the end of the check took after it was called.
+std::pair<int, Clock::duration> cancelProbe(const Item& item, std::chrono::microseconds delay) {
   const auto checker = newChecker();
   std::atomic<bool> begun = false;
   Clock::time_point ended;
@@ -256,7 +236,7 @@ TEST(Cancel, EndsAProbeAtAnyMomentAndLeavesNothing) {
   cancelProbe(Item("http://nobody.invalid/"), 0us);
   const auto before = heldWhenQuiet();
   {
-    const StuckLookup stuck;
+    const std::lock_guard stuck(stuckLookup);
     const DeafListener deaf;
     RawHttpServer silent([](Connection& client) { client.closedWithin(60s); });
     RawHttpServer slow([](Connection& client) { client.sendSlowly("HTTP/1.1 200 OK\r\nX: 1\r\n\r\n", 1ms); });
@@ -269,9 +249,9 @@ TEST(Cancel, EndsAProbeAtAnyMomentAndLeavesNothing) {
     for (int i = 0; i < kTries; ++i) {
       const Item& item = items[random() % std::size(items)];
       const auto delay = std::chrono::microseconds(std::lround(std::pow(10, exponent(random))));
-      const CancelledProbe probe = cancelProbe(item, delay);
-      ++results[probe.result];
-      slowest = std::max(slowest, probe.slowest);
+      const auto [result, taken] = cancelProbe(item, delay);
+      ++results[result];
+      slowest = std::max(slowest, taken);
     }
     EXPECT_EQ(results[5] + results[55203] + results[55106], kTries);
     EXPECT_GT(results[55203], kTries / 2);

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "DidlText.h"
+#include "Didl.h"
 #include "TarqCdsAccess.h"
 
 namespace {

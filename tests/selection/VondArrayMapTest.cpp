@@ -48,6 +48,14 @@ TEST(VondArrayList, FindsAndRemovesWithinItsBounds) {
   EXPECT_TRUE(list.get(1, &list.get(1)) && list.get(1) == last);
 }
 
+TEST(VondArrayList, TakesItsOwnEntriesAndEmptyRanges) {
+  VondArrayListT<Entry> list;
+  list.add({"a long key, which moves when the storage grows", 1});
+  EXPECT_TRUE(list.add(list.get(0)) && list.get(1) == list.get(0));
+  list.removeAt(0, 0);
+  EXPECT_THAT(valuesOf(list), ElementsAre(1, 1));
+}
+
 TEST(VondArrayMap, PutNeverOverwritesAndKeepsTheOrder) {
   VondArrayMapT<VondString, int> map;
   VondArrayListT<VondString> keys;
@@ -58,9 +66,9 @@ TEST(VondArrayMap, PutNeverOverwritesAndKeepsTheOrder) {
   EXPECT_TRUE(keys.indexOf("a") == 0 && keys.indexOf("A") == 1 && values.indexOf(3) == 1);
   EXPECT_EQ(map.get(VondString("a")), 1);
   EXPECT_TRUE(map.containsValue(3) && !map.containsValue(2));
-  const int* value = nullptr;
-  EXPECT_FALSE(map.get("b", value));
-  EXPECT_EQ(value, nullptr);
+  const int other = 9;
+  const int* value = &other;
+  EXPECT_TRUE(!map.get("b", value) && value == &other);
   EXPECT_TRUE(map.get("A", value) && *value == 3);
   EXPECT_TRUE(map.remove("a") && !map.remove("a") && map.size() == 1);
   map.clear();

@@ -14,7 +14,7 @@ OrderedWorkers::OrderedWorkers(int threads, size_t capacity, Step work, Step del
 }
 
 OrderedWorkers::~OrderedWorkers() {
-  next_.store(end_, std::memory_order_relaxed);  // after a failed delivery nobody waits for the rest
+  next_ = end_;  // after a failed delivery nobody waits for the rest
   {
     const std::lock_guard lock(mutex_);
     stop_ = true;
@@ -24,25 +24,25 @@ OrderedWorkers::~OrderedWorkers() {
 }
 
 void OrderedWorkers::run(size_t begin, size_t end) {
-  for (size_t i = begin; i < end; ++i) done_[i].store(false, std::memory_order_relaxed);
-  next_.store(begin, std::memory_order_relaxed);
+  for (size_t i = begin; i < end; ++i) done_[i] = false;
+  next_ = delivered_ = begin;
   end_ = end;
   callHelpers(std::min(helpers_.size(), end - begin - 1));
-  size_t delivered = begin;
-  while (workOnce()) {
-    for (; delivered < end && done_[delivered].load(std::memory_order_acquire); ++delivered)
-      deliver_(delivered);
-  }
+  while (workOnce()) deliverDone();
   awaitHelpers();
-  for (; delivered < end; ++delivered) deliver_(delivered);
+  deliverDone();
 }
 
 bool OrderedWorkers::workOnce() {
-  const size_t number = next_.fetch_add(1, std::memory_order_relaxed);
+  const size_t number = next_++;
   if (number >= end_) return false;
   work_(number);
-  done_[number].store(true, std::memory_order_release);
+  done_[number] = true;
   return true;
+}
+
+void OrderedWorkers::deliverDone() {
+  for (; delivered_ < end_ && done_[delivered_]; ++delivered_) deliver_(delivered_);
 }
 
 void OrderedWorkers::callHelpers(size_t count) {

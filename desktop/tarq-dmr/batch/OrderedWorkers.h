@@ -30,6 +30,7 @@ class OrderedWorkers {
  private:
   void help();
   bool workOnce();
+  void deliverDone();
   void callHelpers(size_t count);
   void awaitHelpers();
 
@@ -38,8 +39,9 @@ class OrderedWorkers {
   std::vector<std::atomic<bool>> done_;
   std::atomic<size_t> next_{0};
   size_t end_ = 0;
+  size_t delivered_ = 0;
 
-  std::mutex mutex_;  // guards the next five
+  std::mutex mutex_;  // guards `wanted_`, `busy_` and `stop_`
   std::condition_variable called_;
   std::condition_variable idle_;
   size_t wanted_ = 0;  // helpers called that have not begun

@@ -8,8 +8,8 @@
 #include "BatchInput.h"
 #include "BatchOutput.h"
 #include "HostSession.h"
+#include "OrderedWorkers.h"
 #include "ResultJson.h"
-#include "RunInOrder.h"
 
 namespace {
 
@@ -23,7 +23,10 @@ class BatchRun {
         answer_(answer),
         region_(options.region),
         input_(options.file),
-        items_(kMaxItems) {}
+        items_(kMaxItems),
+        workers_(
+            options.jobs, kMaxItems, [this](size_t i) { answerItem(items_[i]); },
+            [this](size_t i) { deliverUpTo(i); }) {}
 
   void run();
 
@@ -39,7 +42,7 @@ class BatchRun {
 
   bool collect();
   void answerCollected();
-  void answer(Item& item) const noexcept;
+  void answerItem(Item& item) const noexcept;
   std::string answerTo(const BatchRequest& request) const;
   void deliverUpTo(size_t last);
 
@@ -52,6 +55,7 @@ class BatchRun {
   std::vector<Item> items_;
   size_t count_ = 0;      // of the items collected
   size_t delivered_ = 0;  // of them
+  OrderedWorkers workers_;
 };
 
 void BatchRun::run() {
@@ -76,13 +80,11 @@ void BatchRun::answerCollected() {
     const auto& request = items_[delivered_].request;
     if (request) region_ = request->region;
     params_.SetCurrentRegion(region_);
-    runInOrder(
-        delivered_, count_, options_.jobs, [this](size_t i) { answer(items_[i]); },
-        [this](size_t i) { deliverUpTo(i); });
+    workers_.run(delivered_, count_);
   }
 }
 
-void BatchRun::answer(Item& item) const noexcept {
+void BatchRun::answerItem(Item& item) const noexcept {
   if (!item.request) item.request = parseBatchLine(item.line, options_.region);
   const bool otherRegion = item.request->problem == nullptr && item.request->region != region_;
   if (item.isAnswered || otherRegion) return;

@@ -1,7 +1,6 @@
 #ifndef TARQ_DMR_JSON_WRITER_H_
 #define TARQ_DMR_JSON_WRITER_H_
 
-#include <memory>
 #include <string>
 #include <string_view>
 
@@ -9,26 +8,24 @@
 // Null: a null string becomes `null`. Bytes that are not valid UTF-8 become U+FFFD.
 class JsonWriter {
  public:
-  JsonWriter();
-  ~JsonWriter();
-  JsonWriter(const JsonWriter&) = delete;
-  JsonWriter& operator=(const JsonWriter&) = delete;
+  const std::string& str() const { return json_; }  // what was written so far
 
-  std::string str() const;  // what was written so far
-
-  void openObject();
-  void closeObject();
-  void openArray();
-  void closeArray();
-  void key(std::string_view name);
+  void openObject() { open('{'); }
+  void closeObject() { close('}'); }
+  void openArray() { open('['); }
+  void closeArray() { close(']'); }
+  void key(std::string_view name);  // must need no escapes
   void value(const char* string);
   void value(int number);
   void value(bool flag);
 
  private:
-  struct Library;  // keeps the JSON library out of this header
+  void open(char bracket);
+  void close(char bracket);
+  void beginValue();
 
-  std::unique_ptr<Library> library_;
+  std::string json_;
+  bool afterValue_ = false;  // a comma comes before the next key or value
 };
 
 #endif  // TARQ_DMR_JSON_WRITER_H_

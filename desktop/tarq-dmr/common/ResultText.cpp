@@ -11,7 +11,7 @@ const char* describe(int resultCode) {
     case kCancelled:
       return "the check was cancelled";
     case kNotHttp:
-      return "the URI to probe is absent or not an http:// URI";
+      return "the URI to probe is absent or no http:// URI";
     case kNothingPlayable:
       return "nothing playable was found";
     case kServerBusy:

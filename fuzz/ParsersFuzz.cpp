@@ -68,8 +68,7 @@ void checkMimeType(const CString& text, const CString& pattern) {
 void checkUrl(const CString& text) {
   const std::unique_ptr<VondURL> url(VondURL::Parse(text.c_str(), nullptr));
   if (url == nullptr) return;
-  const std::string scheme = url->GetScheme();
-  const std::string host = url->GetHost();
+  const std::string scheme = url->GetScheme(), host = url->GetHost();
   require(text.view().starts_with(scheme + "://"), "a URL begins with its scheme");
   require(!host.empty() && contains(text.view(), host), "a host is a part of the URL");
   require(host.find_first_of("/?#@") == host.npos, "a host does not go beyond its end");

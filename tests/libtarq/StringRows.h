@@ -1,8 +1,6 @@
 #ifndef STRING_ROWS_H_
 #define STRING_ROWS_H_
 
-#include <initializer_list>
-#include <string>
 #include <vector>
 
 #include "TestRows.h"

@@ -9,7 +9,7 @@ std::string objectsIn(const char* didl) {
   const UpnpCdsResult result(didl);
   EXPECT_EQ(result.GetObject(-1), nullptr);
   EXPECT_EQ(result.GetObject(result.GetNumOfObjects()), nullptr);
-  return result.GetStatus() == 0 ? std::to_string(result.GetNumOfObjects()) : "not parsed";
+  return result.GetStatus() == 0 ? std::to_string(result.GetNumOfObjects()) : "invalid";
 }
 
 const auto kDocuments = stringRows(
@@ -17,23 +17,22 @@ const auto kDocuments = stringRows(
      "\xEF\xBB\xBF \n<?xml version='1.0'?><!-- c --> <DIDL-Lite><item/></DIDL-Lite>\n<!-- c --> => 1",
      "<d:DIDL-Lite><d:item/><item/><x:item/><container/><other/></d:DIDL-Lite> => 3",
      "<DIDL-Lite><item><item/></item>text<x:item/></DIDL-Lite> => 1",
-     "<DIDL-Lite><item a='1' a='2' b='\xFF\xC0'>\x80</item></DIDL-Lite> => 1", " => not parsed",
-     "  => not parsed", "NOT_IMPLEMENTED => not parsed", "<didl-lite/> => not parsed",
-     "<:DIDL-Lite/> => not parsed", "<DIDL-LiteX/> => not parsed", "<DIDL-Lite/><DIDL-Lite/> => not parsed",
-     "<DIDL-Lite/>text => not parsed", "text<DIDL-Lite/> => not parsed",
-     "<![CDATA[ ]]><DIDL-Lite/> => not parsed", "<!DOCTYPE DIDL-Lite><DIDL-Lite/> => not parsed",
-     "<DIDL-Lite><item></DIDL-Lite> => not parsed", "<DIDL-Lite><item a=1/></DIDL-Lite> => not parsed"});
+     "<DIDL-Lite><item a='1' a='2' b='\xFF\xC0'>\x80</item></DIDL-Lite> => 1", " => invalid", "  => invalid",
+     "NOT_IMPLEMENTED => invalid", "<didl-lite/> => invalid", "<:DIDL-Lite/> => invalid",
+     "<DIDL-LiteX/> => invalid", "<DIDL-Lite/><DIDL-Lite/> => invalid", "<DIDL-Lite/>text => invalid",
+     "text<DIDL-Lite/> => invalid", "<![CDATA[ ]]><DIDL-Lite/> => invalid",
+     "<!DOCTYPE DIDL-Lite><DIDL-Lite/> => invalid", "<DIDL-Lite><item></DIDL-Lite> => invalid",
+     "<DIDL-Lite><item a=1/></DIDL-Lite> => invalid"});
 TEST_ROWS(UpnpCdsResult, Document, kDocuments) { EXPECT_EQ(objectsIn(row.input.c_str()), row.outcome); }
 
 TEST(UpnpCdsResult, TakesFourMebibytesAndNoPartOfADocument) {
   const std::string longest = "<DIDL-Lite/>" + std::string(size_t{4} * 1024 * 1024 - 12, ' ');
   EXPECT_EQ(objectsIn(longest.c_str()), "0");
-  EXPECT_EQ(objectsIn((longest + ' ').c_str()), "not parsed");
-  EXPECT_EQ(objectsIn(nullptr), "not parsed");
+  EXPECT_TRUE(objectsIn((longest + ' ').c_str()) == "invalid" && objectsIn(nullptr) == "invalid");
   const std::string whole =
       "<DIDL-Lite><item p='&amp;&#0;'>a<!-- c --><![CDATA[b]]><?pi?>&lt;</item></DIDL-Lite>";
   for (size_t length = 0; length < whole.size(); ++length)
-    EXPECT_EQ(objectsIn(whole.substr(0, length).c_str()), "not parsed") << length;
+    EXPECT_EQ(objectsIn(whole.substr(0, length).c_str()), "invalid") << length;
 }
 
 const auto kTexts = stringRows(
@@ -57,18 +56,13 @@ TEST(UpnpCdsResult, FindsPropertiesAndAttributesByName) {
       "text<dc:title>t</dc:title><res size=''>v</res></d:item><d:container/></d:DIDL-Lite>");
   const UpnpAvObject* item = result.GetObject(0);
   EXPECT_EQ(item->GetNumOfProperties(), 3);
-  EXPECT_EQ(item->GetNumOfProperties("res"), 2);
-  EXPECT_EQ(item->GetNumOfProperties("d:res"), 0);
+  EXPECT_TRUE(item->GetNumOfProperties("res") == 2 && item->GetNumOfProperties("d:res") == 0);
   EXPECT_STREQ(item->GetPropertyText("dc:title", 0), "t");
-  EXPECT_EQ(item->GetPropertyText("title", 0), nullptr);
-  EXPECT_EQ(item->GetPropertyText("res", 2), nullptr);
-  EXPECT_EQ(item->GetPropertyText(nullptr, 0), nullptr);
+  EXPECT_TRUE(item->GetPropertyText("res", 2) == nullptr && item->GetPropertyText(nullptr, 0) == nullptr);
   EXPECT_EQ(item->GetPropertyByName("dc:title", 0)->GetAttributes(), nullptr);
   const UpnpAvAttributes* res = item->GetPropertyByName("res", 0)->GetAttributes();
-  EXPECT_STREQ(res->GetValue("size"), "1");
-  EXPECT_STREQ(res->GetValue("av:n"), "a \"");
-  EXPECT_EQ(res->GetValue("n"), nullptr);
-  EXPECT_EQ(res->GetValue(nullptr), nullptr);
+  EXPECT_EQ(std::string(res->GetValue("size")) + res->GetValue("av:n"), "1a \"");
+  EXPECT_TRUE(res->GetValue("n") == nullptr && res->GetValue(nullptr) == nullptr);
   EXPECT_STREQ(item->GetPropertyByName("res", 1)->GetAttributes()->GetValue("size"), "");
   EXPECT_STREQ(item->GetAttributes()->GetValue("d:k"), "p");
   EXPECT_EQ(result.GetObject(1)->GetAttributes(), nullptr);

@@ -5,8 +5,8 @@
 
 #include "TarqHostApi.h"
 
-// A MIME type: type "/" subtype, both tokens, then optional parameters after ";". It may have white space
-// around it.
+// A MIME type: type "/" subtype, both tokens, then optional parameters after ";". White space at its ends and
+// before the ";" is allowed.
 // Ownership: the object refers to the string, which must outlive it.
 // Threads: const operations may run at once on any threads.
 // Source: RFC 7230 3.2.6 (token).

@@ -21,7 +21,7 @@ class VondHspAnswer {
   int status() const noexcept { return status_; }
   // Returns: true after the blank line that ends the headers.
   bool IsComplete() const noexcept { return complete_; }
-  // Null: absent when there is no such header.
+  // Returns: an absent string when there is no such header.
   const VondString& contentType() const noexcept { return contentType_; }
   const VondString& contentFeatures() const noexcept { return contentFeatures_; }
 

@@ -2,7 +2,6 @@
 #define FUZZ_INPUT_H_
 
 #include <algorithm>
-#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -18,13 +17,13 @@ inline void require(bool holds, const char* property) {
   std::abort();
 }
 
-// A C text, up to its first NUL, in a heap block of just its size: reading behind its end is an error that
-// the address sanitizer sees.
-class Text {
+// A C string, up to its first NUL, in a heap block of exactly its size: the address sanitizer detects reading
+// past its end.
+class CString {
  public:
-  explicit Text(std::string_view text)
-      : length_(text.substr(0, text.find('\0')).size()), bytes_(new char[length_ + 1]) {
-    std::memcpy(bytes_.get(), text.data(), length_);
+  explicit CString(std::string_view string)
+      : length_(string.substr(0, string.find('\0')).size()), bytes_(new char[length_ + 1]) {
+    std::memcpy(bytes_.get(), string.data(), length_);
     bytes_[length_] = '\0';
   }
 
@@ -36,20 +35,20 @@ class Text {
   std::unique_ptr<char[]> bytes_;
 };
 
-// What the fuzzer made up: some lines, then the rest. That keeps inputs readable. A missing line is empty.
+// What the fuzzer made up: some lines, then the rest, so that inputs are readable. A missing line is empty.
 class FuzzInput {
  public:
   FuzzInput(const uint8_t* data, size_t size) : rest_(reinterpret_cast<const char*>(data), size) {}
 
   std::string_view line() {
     const size_t end = std::min(rest_.find('\n'), rest_.size());
-    const std::string_view text = rest_.substr(0, end);
+    const std::string_view first = rest_.substr(0, end);
     rest_.remove_prefix(std::min(end + 1, rest_.size()));
-    return text;
+    return first;
   }
-  int32_t number() {  // any, however the line reads
-    const Text text(line());
-    return static_cast<int32_t>(static_cast<uint32_t>(std::strtoll(text.c_str(), nullptr, 10)));
+  // Any line is some number.
+  int32_t number() {
+    return static_cast<int32_t>(static_cast<uint32_t>(std::strtoll(CString(line()).c_str(), nullptr, 10)));
   }
   std::string_view rest() const { return rest_; }
 
@@ -57,8 +56,16 @@ class FuzzInput {
   std::string_view rest_;
 };
 
-// Absent texts differ from empty ones.
-inline bool sameText(const char* a, const char* b) {
+// The same with the other case of every ASCII letter.
+inline std::string otherCase(std::string_view string) {
+  std::string other(string);
+  for (char& c : other)
+    if ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z')) c = static_cast<char>(c ^ ('a' ^ 'A'));
+  return other;
+}
+
+// An absent string is not the empty string.
+inline bool sameString(const char* a, const char* b) {
   return a == nullptr || b == nullptr ? a == b : std::strcmp(a, b) == 0;
 }
 

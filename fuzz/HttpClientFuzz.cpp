@@ -1,5 +1,5 @@
-// The HTTP client against a server that sends whatever it likes and closes the connection.
-// Input: a line with a size, then the bytes; they are sent at once, and again in pieces of that size.
+// The HTTP client against a server that sends any bytes and closes the connection.
+// Input: a line with a size, then the bytes. They are sent in one piece, and again in pieces of that size.
 #include <netinet/tcp.h>
 
 #include <chrono>
@@ -12,14 +12,14 @@
 
 namespace {
 
-// Long enough for a machine that is busy, and too short for the client to wait out its own time limit.
+// Long enough for a busy machine, but shorter than the client's own time limit.
 constexpr std::chrono::seconds kLimit(10);
 
 void answerOne(int listener, std::string_view bytes, size_t pieceSize) {
   const int fd = accept4(listener, nullptr, nullptr, SOCK_CLOEXEC);
   const int atOnce = 1;
   setsockopt(fd, IPPROTO_TCP, TCP_NODELAY, &atOnce, sizeof atOnce);
-  RawHttpServer::Connection client(fd);  // has read the request
+  RawHttpServer::Connection client(fd);
   while (!bytes.empty() && client.send(bytes.substr(0, pieceSize)))
     bytes.remove_prefix(std::min(pieceSize, bytes.size()));
   close(fd);
@@ -49,12 +49,13 @@ std::string outcomeOf(const LoopbackListener& listener, std::string_view bytes, 
   const char* features = response.GetContentFeatures();
   require(code == 0 || (code >= kVondHspConnectFailed && code <= kVondHspCancelled),
           "a request ends in a known code");
-  require(code == 0 || (status == 0 && type == nullptr && features == nullptr), "a failure gives no answer");
+  require(code == 0 || (status == 0 && type == nullptr && features == nullptr),
+          "without success there is no answer");
   require(code != 0 || bytes.find(std::to_string(status)) != bytes.npos,
-          "the status is one that the server named");
-  // libcurl takes a line that begins with a NUL for the end of what it has read.
+          "the status is a part of what the server sent");
+  // For libcurl a line that begins with a NUL is the end of what it has read.
   const bool complete = bytes.find("\n\n") != bytes.npos || bytes.find("\n\r") != bytes.npos;
-  require(code != 0 || complete || hasNul(bytes), "an answer is complete with a blank line");
+  require(code != 0 || complete || hasNul(bytes), "an answer ends with a blank line");
   checkValue(type);
   checkValue(features);
   const auto shown = [](const char* text) { return text != nullptr ? '[' + std::string(text) + ']' : "-"; };
@@ -69,6 +70,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   const auto pieceSize = static_cast<size_t>(input.number() & 0x7F) + 1;
   const std::string outcome = outcomeOf(listener, input.rest(), size + 1);
   const bool same = outcomeOf(listener, input.rest(), pieceSize) == outcome;
-  require(same || hasNul(input.rest()), "how an answer is cut does not matter");
+  require(same || hasNul(input.rest()), "the size of the pieces does not matter");
   return 0;
 }

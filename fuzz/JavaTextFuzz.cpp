@@ -1,99 +1,101 @@
-// Texts on their way into Java and back.
+// Strings on their way into Java and back.
 // Input: bytes, taken for UTF-8 and for UTF-16.
+#include <iconv.h>
+
 #include <algorithm>
-#include <cstring>
-#include <memory>
+#include <optional>
 #include <string>
 
 #include "FuzzInput.h"
 #include "TarqJniUtil.h"
-#include "Utf8.h"
 
 namespace {
 
-// What libtarq uses of a Java VM: strings are UTF-16, as Java's are, and live as long as `made`.
+// What libtarq uses of a Java VM. It has one string at a time.
 class FakeJava {
  public:
   FakeJava() {
     table_.NewString = [](JNIEnv* env, const jchar* units, jsize length) {
-      auto& java = *static_cast<FakeEnv*>(env)->java;
-      java.made_ = std::make_unique<std::u16string>(units, units + length);
-      return reinterpret_cast<jstring>(java.made_.get());
+      std::u16string& made = static_cast<FakeEnv*>(env)->made;
+      made.assign(units, units + length);
+      return reinterpret_cast<jstring>(&made);
     };
-    table_.GetStringLength = [](JNIEnv*, jstring string) { return static_cast<jsize>(text(string).size()); };
+    table_.GetStringLength = [](JNIEnv*, jstring string) {
+      return static_cast<jsize>(unitsOf(string).size());
+    };
     table_.GetStringRegion = [](JNIEnv*, jstring string, jsize begin, jsize length, jchar* units) {
-      require(begin >= 0 && length >= 0 && static_cast<size_t>(begin + length) <= text(string).size(),
-              "a region lies within its string");
-      std::copy_n(text(string).begin() + begin, length, units);
+      require(begin >= 0 && length >= 0 && static_cast<size_t>(begin + length) <= unitsOf(string).size(),
+              "a region is inside its string");
+      std::copy_n(unitsOf(string).begin() + begin, length, units);
     };
     env_.functions = &table_;
-    env_.java = this;
   }
 
   std::u16string toJava(const std::string& utf8) {
-    const Text bytes(utf8);
-    return text(TarqJniUtil::NewJStringUTF8s(&env_, bytes.c_str()));
+    return unitsOf(TarqJniUtil::NewJStringUTF8s(&env_, CString(utf8).c_str()));
   }
 
   std::string fromJava(std::u16string units) {
     char* utf8 = nullptr;
     require(TarqJniUtil::NewCString(&env_, reinterpret_cast<jstring>(&units), &utf8) == 0,
-            "a string becomes a text");
-    const std::string text = utf8;
+            "every Java string becomes a C string");
+    const std::string copy = utf8;
     std::free(utf8);
-    return text;
+    return copy;
   }
 
  private:
   struct FakeEnv : JNIEnv {
-    FakeJava* java;
+    std::u16string made;
   };
 
-  static const std::u16string& text(jobject string) {
+  static const std::u16string& unitsOf(jobject string) {
     return *reinterpret_cast<const std::u16string*>(string);
   }
 
   JNINativeInterface_ table_{};
   FakeEnv env_{};
-  std::unique_ptr<std::u16string> made_;
 };
 
-bool isHigh(char16_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
-bool isLow(char16_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
-
-bool isValidUtf16(const std::u16string& units) {
-  for (size_t i = 0; i < units.size(); ++i) {
-    if (isLow(units[i]) || (isHigh(units[i]) && !isLow(i + 1 < units.size() ? units[i + 1] : u'\0')))
-      return false;
-    i += isHigh(units[i]) ? 1 : 0;
-  }
-  return true;
+std::string bytesOf(const std::u16string& units) {
+  return {reinterpret_cast<const char*>(units.data()), units.size() * sizeof(char16_t)};
 }
 
-void checkUtf8(FakeJava& java, const std::string& text) {
-  const std::u16string units = java.toJava(text);
-  require(isValidUtf16(units), "a text becomes valid UTF-16");
-  require(units.find(u'\0') == units.npos, "no NUL comes out of a text");
+// What the C library converts `bytes` to; nothing when they are not valid.
+std::optional<std::string> converted(const char* from, const char* to, std::string bytes) {
+  std::string result(2 * bytes.size(), '\0');
+  char *in = bytes.data(), *out = result.data();
+  size_t inLeft = bytes.size(), outLeft = result.size();
+  const iconv_t converter = iconv_open(to, from);
+  const bool valid = iconv(converter, &in, &inLeft, &out, &outLeft) == 0;
+  iconv_close(converter);
+  result.resize(result.size() - outLeft);
+  return valid ? std::optional(result) : std::nullopt;
+}
+
+void checkUtf8(FakeJava& java, const std::string& utf8) {
+  const std::u16string units = java.toJava(utf8);
+  const std::optional<std::string> expected = converted("UTF-8", "UTF-16LE", utf8);
+  require(!expected || bytesOf(units) == *expected, "a valid string becomes what the C library makes of it");
+  require(units.find(u'\0') == units.npos, "no NUL comes out of a C string");
   const std::string back = java.fromJava(units);
-  require(isValidUtf8(back), "what comes back is valid UTF-8");
-  require((back == text) == isValidUtf8(text), "a text comes back as it was if it is valid, and only then");
-  require(java.toJava(back) == units, "mended once, a text stays");
+  require(converted("UTF-8", "UTF-16LE", back) == bytesOf(units), "what comes back is valid and the same");
 }
 
 void checkUtf16(FakeJava& java, const std::u16string& units) {
-  const std::string text = java.fromJava(units);
-  require(isValidUtf8(text), "a string becomes valid UTF-8");
-  const std::u16string back = java.toJava(text);
-  const bool survives = isValidUtf16(units) && units.find(u'\0') == units.npos;
-  require((back == units) == survives, "a string comes back as it was if it is valid, and only then");
-  require(back.size() == units.size(), "one U+FFFD stands for each unit that is not valid");
+  const std::string utf8 = java.fromJava(units);
+  const std::optional<std::string> expected = converted("UTF-16LE", "UTF-8", bytesOf(units));
+  require(!expected || units.find(u'\0') != units.npos || utf8 == *expected,
+          "a valid Java string becomes what the C library makes of it");
+  require(converted("UTF-8", "UTF-16LE", utf8).has_value(), "every Java string becomes valid UTF-8");
+  require(java.toJava(utf8).size() == units.size(), "one U+FFFD stands for each unit that is not valid");
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   static FakeJava java;
-  checkUtf8(java, std::string(Text({reinterpret_cast<const char*>(data), size}).view()));
+  checkUtf8(java, std::string(CString({reinterpret_cast<const char*>(data), size}).view()));
   std::u16string units(size / 2, u'\0');
   if (!units.empty()) std::memcpy(units.data(), data, units.size() * 2);
   checkUtf16(java, units);

@@ -3,17 +3,27 @@
 
 #include "TarqResourceCheckerInterface.h"
 
-// What changes at run time: the region, and what follows from it.
+// What changes at run time: the region, and what depends on it.
 class TarqDmrParamsInterface {
  public:
   virtual ~TarqDmrParamsInterface() = default;
-  // A new checker for the current region; the caller deletes it. Null: no memory.
+
+  // Returns: a new checker for the current region, which it keeps.
+  // Null: returned on allocation failure.
+  // Ownership: the caller deletes it.
+  // Threads: any, also several at once, while no thread sets the region.
   virtual TarqResourceCheckerInterface* CreateResourceChecker() = 0;
-  // The SinkProtocolInfo text of the ConnectionManager service, never null; valid until the next call.
-  // One caller at a time.
+
+  // Returns: the SinkProtocolInfo string of the ConnectionManager service for the current region, never null.
+  // Ownership: the string belongs to the plug-in and lives until the next call.
+  // Threads: any, one at a time.
   virtual const char* GetSinkProtocolInfo() = 0;
-  // A bit set; 0 until it is set. Set it while no check and no `GetSinkProtocolInfo` runs.
+
+  // Any value is accepted.
+  // Threads: any, while no check and no `GetSinkProtocolInfo` runs.
+  // Units: a bit set of regions.
   virtual void SetCurrentRegion(int region) = 0;
+  // Returns: the region set last; 0 before that.
   virtual int GetCurrentRegion() = 0;
 };
 

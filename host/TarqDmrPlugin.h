@@ -11,14 +11,14 @@
 #include "TarqHostApi.h"
 #include "TarqNetworkAccessControlInterface.h"
 
-// The outside surface of a renderer plug-in: exported functions with plain names.
-//
-// Calling order: load the library; `GetPluginInfo`; `Initialize`; the getters, in any order and as often as
-// liked; `Start`; the operations of the objects; `Stop`; `Finalize`; unload. Threads: no function locks. The
-// first call of each getter comes from one thread, before others use the object. Ownership: a getter returns
-// the same object every time; the plug-in never deletes it, and nobody else may.
+// The functions that a renderer plug-in exports, with C names. The host calls them in this order: load the
+// library; `GetPluginInfo`; `Initialize`; the getters, in any order and as often as needed; `Start`; the
+// operations of the objects; `Stop`; `Finalize`; unload.
+// Threads: no function locks. The first call of each getter comes from one thread, before any other thread
+//   uses the object.
 
-// What a plug-in says of itself. 204 bytes, integers in the platform's order, texts padded with zero bytes.
+// What a plug-in says about itself. The strings are padded with zero bytes.
+// Units: 204 bytes, integers in the platform's byte order.
 struct PluginInfo {
   static constexpr size_t kTextBytes = 64;
 
@@ -32,13 +32,20 @@ static_assert(sizeof(PluginInfo) == 204 && offsetof(PluginInfo, company) == 12 &
               "the host reads the information record by offset");
 
 extern "C" {
-TARQ_PLUGIN_EXPORT int GetPluginInfo(PluginInfo* info);  // 0, or -1 when `info` is null
-TARQ_PLUGIN_EXPORT int Initialize(
-    const char* pResourceDir);      // 0, or -1 when null; keeps the first 1023 bytes
-TARQ_PLUGIN_EXPORT int Finalize();  // 0
-TARQ_PLUGIN_EXPORT int Start();     // 0
-TARQ_PLUGIN_EXPORT int Stop();      // 0
-// The getters never return null while there is memory.
+// Returns: 0, or -1 when `info` is null.
+TARQ_PLUGIN_EXPORT int GetPluginInfo(PluginInfo* info);
+// Returns: 0, or -1 when `pResourceDir` is null.
+// Ownership: the plug-in copies the first 1023 bytes.
+TARQ_PLUGIN_EXPORT int Initialize(const char* pResourceDir);
+// Returns: 0.
+TARQ_PLUGIN_EXPORT int Finalize();
+TARQ_PLUGIN_EXPORT int Start();
+TARQ_PLUGIN_EXPORT int Stop();
+
+// The getters.
+// Returns: the same object every time.
+// Null: returned on allocation failure only.
+// Ownership: the plug-in never deletes the object, and nobody else may.
 TARQ_PLUGIN_EXPORT TarqDmrSpecInterface* GetSpec();
 TARQ_PLUGIN_EXPORT TarqDmrCpParamsInterface* GetCpParams();
 TARQ_PLUGIN_EXPORT _TarqNetworkAccessControlInterface* GetDeviceNac();

@@ -4,22 +4,25 @@
 #include "TarqDmrPlugin.h"
 #include "TarqHostApi.h"
 
-// Holds the one renderer plug-in of the process and hands its objects out.
-// Threads: `Load` once, before any other thread uses the manager; the getters from any thread afterwards.
-// Owns: nothing; the objects belong to the plug-in, which stays loaded until the process ends.
+// Holds the one renderer plug-in of the process and returns its objects.
+// Ownership: the objects belong to the plug-in, which stays loaded until the process ends.
+// Threads: `Load` comes from one thread, before any other thread uses the manager; after that the getters may
+//   be called from any thread.
 class TARQ_HOST_API TarqDmrPluginManager {
  public:
   static TarqDmrPluginManager* GetInstance();
 
-  // Opens the library, checks that it has every export, reads its information record, hands it the resource
-  // directory, fetches its objects and starts it. 0, or -1: `GetLoadError` then says in one line what is
-  // wrong.
+  // For the application: opens the library, checks that it has every export, reads its information record,
+  // passes it the resource directory, gets its objects and starts it.
+  // Returns: 0, or -1; then `GetLoadError` says why in one line.
   int Load(const char* pluginPath, const char* resourceDir);
-  const char* GetLoadError() const;         // the empty text when nothing went wrong
-  const PluginInfo* GetPluginInfo() const;  // of the loaded plug-in
+  // Returns: the empty string after success.
+  const char* GetLoadError() const;
+  const PluginInfo* GetPluginInfo() const;
 
-  // Null until a plug-in is loaded. One that the application opened itself, under the library's own name,
-  // counts as loaded too.
+  // The objects of the plug-in that was loaded, or that the application opened itself under the plug-in's
+  // usual file name.
+  // Null: returned until there is one.
   TarqDmrSpecInterface* GetSpec();
   TarqDmrCpParamsInterface* GetCpParams();
   _TarqNetworkAccessControlInterface* GetDeviceNac();

@@ -5,28 +5,34 @@
 
 #include "TarqHostApi.h"
 
-// The way into the application's Java VM, and texts across its border.
-// Threads: any, also at once; an environment and its references belong to the thread they were made on.
-// Texts are real UTF-8: JNI's own functions speak a modified one, in which a character above U+FFFF is not
-// what everybody else writes.
+// Access to the application's Java VM, and strings on their way in and out of it. C strings are standard
+// UTF-8, not JNI's modified UTF-8.
+// Threads: any, also several at once. An environment and its references belong to the thread that got them.
 class TARQ_HOST_API TarqJniUtil {
  public:
-  // The application hands its VM over before the player is used, and null before it destroys the VM.
+  // For the application: sets the VM before the player is used.
+  // Null: the application passes null before it destroys the VM.
   static void SetJavaVM(JavaVM* vm) noexcept;
 
-  // The calling thread's environment, or null when there is no VM or it does not take the thread. Stores 1
-  // when this call attached the thread, and the caller then calls `DetachVM` in the end; otherwise the flag
-  // stays as it was.
+  // Attaches the calling thread if necessary. Then `*attached` becomes 1, and the caller calls `DetachVM` at
+  // the end; otherwise `*attached` stays as it was.
+  // Returns: the calling thread's environment.
+  // Null: returned when there is no VM, or when it does not accept the thread.
   static JNIEnv* GetJNIEnv(int* attached) noexcept;
-  static int DetachVM() noexcept;  // 0, or an error of the VM
+  // Returns: 0, or an error code of the VM.
+  static int DetachVM() noexcept;
 
-  // A new local reference; null when `text` is null or there is no memory, in which case a Java exception may
-  // be pending. Bytes that are no valid UTF-8 become U+FFFD, as many as a web browser would show.
-  static jstring NewJStringUTF8s(JNIEnv* env, const char* text) noexcept;
+  // Returns: a new local reference. Bytes that are not valid UTF-8 become U+FFFD.
+  // Null: returned when `string` is null and on allocation failure.
+  // Errors: a Java exception may be pending after an allocation failure.
+  // Source: WHATWG Encoding Standard (how many U+FFFD a sequence of bytes becomes).
+  static jstring NewJStringUTF8s(JNIEnv* env, const char* string) noexcept;
 
-  // Stores a new text that the caller ends with `free`. 0; 9 when `string` is null; 5 when there is no
-  // memory. Half a surrogate pair and U+0000, which would end the text early, become U+FFFD.
-  static int NewCString(JNIEnv* env, jobject string, char** text) noexcept;
+  // Copies the Java string to `*copy`. An unpaired surrogate becomes U+FFFD, as does U+0000, which would end
+  // the C string early.
+  // Returns: 0; 5 on allocation failure; 9 when `string` is null. `*copy` is written only on success.
+  // Ownership: the caller frees the copy with `free`.
+  static int NewCString(JNIEnv* env, jobject string, char** copy) noexcept;
 };
 
 #endif  // TARQ_JNI_UTIL_H_

@@ -3,20 +3,24 @@
 
 #include "TarqHostApi.h"
 
-// Decides whether a device on the network may use the renderer, and hears of such devices.
-// The two records are the host's; a plug-in hands the pointers on and never looks inside.
-// Threads: any, also at once. Both operations may block for as long as the application takes.
+// Decides whether a device on the network may use the renderer, and is told about such devices.
+// Null: a null record is passed on like any other.
+// Ownership: the records are the host's; a plug-in passes the pointers on and never looks inside.
+// Threads: any, also several at once. Both operations may block for as long as the application takes.
 class _TarqNetworkAccessControlInterface {
  public:
   struct _ACCESS_CHECK_INFO;
   struct _ACCESS_NOTIFY_INFO;
 
   virtual ~_TarqNetworkAccessControlInterface() = default;
-  virtual int CheckAccess(_ACCESS_CHECK_INFO* info) = 0;    // the application's decision code
-  virtual int DeviceNotify(_ACCESS_NOTIFY_INFO* info) = 0;  // 0
+  // Returns: the application's decision code.
+  virtual int CheckAccess(_ACCESS_CHECK_INFO* info) = 0;
+  // Returns: 0.
+  virtual int DeviceNotify(_ACCESS_NOTIFY_INFO* info) = 0;
 };
 
-// What the hosting application provides. An application may define its own; libtarq's allow everybody (0).
+// What the application provides. libtarq has a version of both that applications replace with their own.
+// Returns: libtarq's return 0, which allows every device.
 extern "C" {
 TARQ_HOST_API int dmrEnqueueJAccessCheckSync(_TarqNetworkAccessControlInterface::_ACCESS_CHECK_INFO* info);
 TARQ_HOST_API int dmrEnqueueJDeviceNotify(_TarqNetworkAccessControlInterface::_ACCESS_NOTIFY_INFO* info);

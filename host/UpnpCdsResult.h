@@ -3,17 +3,20 @@
 
 #include "TarqHostApi.h"
 
-// Parsed DIDL-Lite (ContentDirectory:1, 2.8): a document, its objects (`item` and `container`), their
-// properties (child elements) and attributes. Names are qualified names as written ("res", "dc:title",
-// "av:mpfEntries"); a prefix that the root element itself carries is dropped from element names. Threads: a
-// result with all that belongs to it is used by one thread at a time, reading included. Owns: the result owns
-// its objects, properties, attributes and all their texts. Cost: reading the n-th property of a name does not
-// depend on n.
+// Parsed DIDL-Lite: a document, its objects (`item` and `container`), their properties (child elements) and
+// attributes. Names are qualified names as written ("res", "dc:title", "av:mpfEntries"); a prefix that the
+// root element itself has is dropped from element names. Reading one property or attribute of an object with
+// n properties does not take O(n) each time.
+// Ownership: the result owns its objects, properties, attributes and all their strings.
+// Threads: a result, with all that belongs to it, is used by one thread at a time, reading included.
+// Source: ContentDirectory:1, 2.8.
 
 // The attributes of one element.
 class TARQ_HOST_API UpnpAvAttributes {
  public:
-  virtual const char* GetValue(const char* name) const noexcept = 0;  // null when absent; of two the first
+  // Returns: the value of the first attribute of that name.
+  // Null: returned when there is none, and when `name` is null.
+  virtual const char* GetValue(const char* name) const noexcept = 0;
 
  protected:
   ~UpnpAvAttributes() = default;
@@ -22,9 +25,8 @@ class TARQ_HOST_API UpnpAvAttributes {
 // One child element of an object.
 class TARQ_HOST_API UpnpAvProperty {
  public:
-  // All character data of the element joined, without white space at both ends; never null.
-  virtual const char* GetText() const noexcept = 0;
-  virtual const UpnpAvAttributes* GetAttributes() const noexcept = 0;  // null when it has none
+  // Null: returned when the element has no attributes.
+  virtual const UpnpAvAttributes* GetAttributes() const noexcept = 0;
 
  protected:
   ~UpnpAvProperty() = default;
@@ -34,42 +36,53 @@ class TARQ_HOST_API UpnpAvProperty {
 class TARQ_HOST_API UpnpAvObject {
  public:
   virtual int GetNumOfProperties() const noexcept = 0;
+  // Null: no property has a null name.
   virtual int GetNumOfProperties(const char* name) const noexcept = 0;
-  // The text of the index-th (from 0) property of that name; null when there is none.
+  // Returns: all character data of the index-th property (from 0) of that name, joined, without white space
+  //   at its ends.
+  // Null: returned when there is no such property.
   virtual const char* GetPropertyText(const char* name, unsigned int index) const noexcept = 0;
-  // The index-th property of that name, null when there is none.
+  // Returns: the index-th property (from 0) of that name.
+  // Null: returned when there is none.
   virtual const UpnpAvProperty* GetPropertyByName(const char* name, unsigned int index) const noexcept = 0;
-  virtual const UpnpAvAttributes* GetAttributes() const noexcept = 0;  // null when it has none
+  // Null: returned when the object element has no attributes.
+  virtual const UpnpAvAttributes* GetAttributes() const noexcept = 0;
 
  protected:
   ~UpnpAvObject() = default;
 };
 
-// Any answer that lists objects.
+// A result that lists objects.
 class TARQ_HOST_API UpnpAvResult {
  public:
   virtual ~UpnpAvResult();
   virtual int GetNumOfObjects() const noexcept = 0;
-  virtual const UpnpAvObject* GetObject(int index) const noexcept = 0;  // from 0; null out of range
+  // Returns: the object at that index, from 0.
+  // Null: returned when the index is out of range.
+  virtual const UpnpAvObject* GetObject(int index) const noexcept = 0;
 };
 
 // A DIDL-Lite document.
 class TARQ_HOST_API UpnpCdsResult : public UpnpAvResult {
  public:
-  // Not parsed: null, no well-formed XML, another root than `DIDL-Lite`, a document type declaration, over 4
-  // MiB.
+  // Null: not parsed.
+  // Errors: not parsed either when the string is not well-formed XML, has another root than `DIDL-Lite` or a
+  //   document type declaration, is longer than 4 MiB, or on allocation failure.
   explicit UpnpCdsResult(const char* didl) noexcept;
   ~UpnpCdsResult() override;
   UpnpCdsResult(const UpnpCdsResult&) = delete;
   UpnpCdsResult& operator=(const UpnpCdsResult&) = delete;
 
-  int GetStatus() const noexcept;  // 0: parsed
+  // Returns: 0 when the document was parsed, -1 when it was not.
+  int GetStatus() const noexcept;
   int GetNumOfObjects() const noexcept override;
   const UpnpAvObject* GetObject(int index) const noexcept override;
 
  private:
   struct Document;
-  Document* document_;  // null when not parsed
+
+  // Null when not parsed.
+  Document* document_;
 };
 
 #endif  // UPNP_CDS_RESULT_H_

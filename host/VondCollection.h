@@ -8,21 +8,29 @@ class VondIteratorT {
  public:
   virtual ~VondIteratorT() = default;
   virtual bool hasNext() = 0;
-  virtual T& next() = 0;      // only after hasNext() said true
-  virtual bool remove() = 0;  // false where the collection does not support it
+  // Called only after `hasNext` has returned true.
+  virtual T& next() = 0;
+  // Returns: false when the collection does not support it.
+  virtual bool remove() = 0;
 };
 
 template <class T>
 class VondCollectionT {
  public:
   virtual ~VondCollectionT() = default;
-  virtual bool add(const T& e) = 0;  // false: no memory
+  // Returns: false on allocation failure.
+  virtual bool add(const T& e) = 0;
   virtual void clear() = 0;
   virtual bool contains(const T& e) const = 0;
   virtual bool isEmpty() const = 0;
-  virtual bool remove(const T& e) = 0;  // the first that is equal; false: there is none
+  // Removes the first equal element.
+  // Returns: false when there is none.
+  virtual bool remove(const T& e) = 0;
   virtual int size() const = 0;
-  virtual VondIteratorT<T>* iterator() = 0;  // new, the caller deletes it; null: no memory
+  // Returns: a new iterator at the first element.
+  // Null: returned on allocation failure.
+  // Ownership: the caller deletes it.
+  virtual VondIteratorT<T>* iterator() = 0;
 };
 
 #endif  // VOND_COLLECTION_H_

@@ -5,25 +5,25 @@
 
 #include "TarqHostApi.h"
 
-// A MIME type: type "/" subtype, both tokens of RFC 7230 3.2.6, and optional parameters after ";".
-// Owns: nothing; the text must outlive the object.
+// A MIME type: type "/" subtype, both tokens, then optional parameters after ";". White space at its ends and
+// before the ";" is allowed.
+// Ownership: the object refers to the string, which must outlive it.
+// Threads: const operations may run at once on any threads.
+// Source: RFC 7230 3.2.6 (token).
 class TARQ_HOST_API VondMimeType {
  public:
-  explicit VondMimeType(const char* text) noexcept;  // null: not valid
+  // Null: not valid.
+  explicit VondMimeType(const char* string) noexcept;
 
   bool IsValid() const noexcept { return !type_.empty(); }
-  // Ignores case and parameters. A pattern whose subtype is "*" matches every subtype of its type.
-  // False for a type that is not valid.
-  bool Match(const char* pattern) const noexcept {
-    return IsValid() && pattern != nullptr && mayMatch(*pattern) && matchWhole(pattern);
-  }
+  // Compares without case and without parameters; the subtype "*" of a pattern matches every subtype.
+  // Returns: false for a type that is not valid.
+  // Null: a null pattern matches nothing.
+  bool Match(const char* pattern) const noexcept;
 
  private:
-  // Nearly all patterns differ in the first letter already. 0x20 is what sets the cases of a letter apart.
-  bool mayMatch(char first) const noexcept { return ((first ^ type_.front()) & ~0x20) == 0; }
-  bool matchWhole(const char* pattern) const noexcept;
-
-  std::string_view type_;  // empty when not valid
+  // Empty when not valid.
+  std::string_view type_;
   std::string_view subtype_;
 };
 

@@ -5,7 +5,8 @@
 
 #include "TarqHostApi.h"
 
-// A plain mutex: not recursive; the thread that locked it unlocks it.
+// A plain mutex, not recursive.
+// Threads: any; the thread that locked it unlocks it.
 class TARQ_HOST_API VondMutex {
  public:
   VondMutex() noexcept;

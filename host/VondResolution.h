@@ -3,18 +3,23 @@
 
 #include "TarqHostApi.h"
 
-// The "resolution" attribute of a `res` element (ContentDirectory:1, 2.8.3): width, separator, height in
-// pixels.
+// The "resolution" attribute of a `res` element: width, separator, height.
+// Threads: const operations may run at once on any threads.
+// Source: ContentDirectory:1, 2.8.3.
 class TARQ_HOST_API VondResolution {
  public:
-  // A new object that the caller deletes; null when `text` is null or there is no memory. Digits, the
-  // separator, digits, each number within a signed 32-bit integer, and nothing else; otherwise the object's
-  // status says so.
-  static VondResolution* Parse(const char* text, int separator) noexcept;
+  // Digits, the separator, digits, each number within a signed 32-bit integer, and nothing else.
+  // Returns: a new object, also for a string that does not parse.
+  // Null: returned when `string` is null and on allocation failure.
+  // Ownership: the caller deletes it.
+  static VondResolution* Parse(const char* string, int separator) noexcept;
   virtual ~VondResolution();
 
-  int GetStatus() const noexcept { return status_; }  // 0: parsed
-  int GetWidth() const noexcept { return width_; }    // pixels; 0 when not parsed
+  // Returns: 0 when the string was parsed, -1 when it was not.
+  int GetStatus() const noexcept { return status_; }
+  // Returns: 0 when the string was not parsed.
+  // Units: pixels.
+  int GetWidth() const noexcept { return width_; }
   int GetHeight() const noexcept { return height_; }
 
  private:

@@ -4,17 +4,22 @@
 #include "TarqHostApi.h"
 #include "VondString.h"
 
-// The parts of a URL that the renderer looks at: scheme "://" [userinfo "@"] host [":" port] ... (RFC
-// 3986 3.2).
+// The parts of a URL that matter to a renderer: scheme "://" [userinfo "@"] host [":" port] ...
+// Threads: const operations may run at once on any threads.
+// Source: RFC 3986 3.2.
 class TARQ_HOST_API VondURL {
  public:
-  // A new object that the caller deletes, or null when `text` is null or no absolute URL with a host.
   // `base` would resolve a relative reference; this library takes absolute URLs only and ignores it.
-  static VondURL* Parse(const char* text, const VondURL* base) noexcept;
+  // Returns: a new object.
+  // Null: returned when `string` is null or is not an absolute URL with a host, and on allocation failure.
+  // Ownership: the caller deletes it.
+  static VondURL* Parse(const char* string, const VondURL* base) noexcept;
   ~VondURL();
 
-  const char* GetScheme() const noexcept;  // as written
-  const char* GetHost() const noexcept;    // as written; an IPv6 address without its brackets
+  // Returns: the scheme as written; never null.
+  const char* GetScheme() const noexcept;
+  // Returns: the host as written, an IPv6 address without its brackets; never null.
+  const char* GetHost() const noexcept;
 
  private:
   VondURL() noexcept;

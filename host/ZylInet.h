@@ -6,8 +6,9 @@
 #include "TarqHostApi.h"
 
 // Reads a literal IPv4 address: four decimal parts of 0 to 255 without leading zeros, signs or blanks.
-// Returns 0 and stores the address in network byte order; -1, storing nothing, for anything else and for
-// null. `address` may be null where only the answer matters.
-TARQ_HOST_API int ZylInetAToN(const char* text, uint32_t* address) noexcept;
+// Returns: 0; -1 for any other string, and `*address` is left alone.
+// Null: a null `string` returns -1; `address` may be null.
+// Units: the address is in network byte order.
+TARQ_HOST_API int ZylInetAToN(const char* string, uint32_t* address) noexcept;
 
 #endif  // ZYL_INET_H_

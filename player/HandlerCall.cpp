@@ -5,7 +5,7 @@
 #include "TarqDmrPlayerInterface.h"
 #include "TarqJniUtil.h"
 
-// All messages are constants of this folder, without a conversion in them.
+// All messages are constants of this folder without a conversion specification.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-security"
 void logPlayer(int priority, const char* message) {
@@ -22,23 +22,23 @@ HandlerCall::HandlerCall(const JavaMethod& method) : method_(method) {
   if (env_ == nullptr) fail(kPlayerNoEnvironment, "Unknown Error: couldn't get JNIEnv");
 }
 
-// The order is fixed: the class before the texts, the texts as they were made, the thread last.
+// The order is fixed: the class before the strings, the strings as they were made, the thread last.
 HandlerCall::~HandlerCall() {
   if (env_ == nullptr) return;
   release(class_);
-  for (const jstring text : texts_) release(text);
-  release(answer_);
+  for (const jstring string : strings_) release(string);
+  release(returned_);
   if (attached_ == 1 && TarqJniUtil::DetachVM() != 0) logPlayer(method_.priority, "Detach failed.");
 }
 
-jstring HandlerCall::convert(JavaText text) {
-  if (result_ != 0 || (text.utf8 == nullptr && text.nullStaysNull)) return nullptr;
-  const jstring made = TarqJniUtil::NewJStringUTF8s(env_, text.utf8);
+jstring HandlerCall::convert(JavaString string) {
+  if (result_ != 0 || (string.utf8 == nullptr && string.nullStaysNull)) return nullptr;
+  const jstring made = TarqJniUtil::NewJStringUTF8s(env_, string.utf8);
   if (made != nullptr) {
-    texts_[textCount_++] = made;
+    strings_[stringCount_++] = made;
   } else {
     clearException();
-    if (text.failureEndsCall) result_ = kPlayerOutOfMemory;
+    if (string.failureEndsCall) result_ = kPlayerOutOfMemory;
   }
   return made;
 }
@@ -60,9 +60,9 @@ jmethodID HandlerCall::findMethod() {
 }
 
 void HandlerCall::handOut(jobject string, char** out) {
-  answer_ = string;
+  returned_ = string;
   clearException();
-  result_ = TarqJniUtil::NewCString(env_, answer_, out);
+  result_ = TarqJniUtil::NewCString(env_, returned_, out);
 }
 
 void HandlerCall::fail(int result, const char* message) {

@@ -14,22 +14,24 @@ void logPlayer(int priority, const char* message);
 
 inline constexpr char kNoHandlerMessage[] = "Invalid State: s_jCallback is NULL";
 
-// A text on its way to the handler.
-struct JavaText {
+// A string on its way to the handler.
+struct JavaString {
   const char* utf8;
-  bool nullStaysNull;    // false: the host library decides what becomes of a null text
-  bool failureEndsCall;  // false: a text that cannot be made is a null one
+  // False: the host library decides what a null string becomes.
+  bool nullStaysNull;
+  // False: a Java string that cannot be made is passed as null.
+  bool failureEndsCall;
 };
-constexpr JavaText requiredText(const char* utf8) { return {utf8, false, true}; }
-constexpr JavaText optionalText(const char* utf8) { return {utf8, true, true}; }
-constexpr JavaText dispensableText(const char* utf8) { return {utf8, true, false}; }
+constexpr JavaString requiredString(const char* utf8) { return {utf8, false, true}; }
+constexpr JavaString optionalString(const char* utf8) { return {utf8, true, true}; }
+constexpr JavaString dispensableString(const char* utf8) { return {utf8, true, false}; }
 
-// One call of one method of the registered handler, from the environment to the detaching of the thread.
-// Make one, and call one of its four public operations, once: each takes the method's arguments and gives the
-// player's result.
+// One call of one method of the registered handler, from getting the environment to detaching the thread.
+// Make one and call one of its four public operations, once: each takes the method's arguments and returns
+// the player's result. Nothing is kept from one call to the next: neither the class nor the method nor a copy
+// of the handler.
 // Threads: made, used and destroyed on one thread; the destructor leaves the thread as the constructor found
 //   it, without local references of this call and without a pending Java exception.
-// Nothing is kept from one call to the next: not the class, not the method, not a copy of the handler.
 class HandlerCall {
  public:
   explicit HandlerCall(const JavaMethod& method);
@@ -57,24 +59,25 @@ class HandlerCall {
     return result_;
   }
 
-  // The Java string becomes a new text of the caller's.
+  // The Java string becomes a new C string that the caller frees.
   template <class... Arguments>
   int string(char** out, Arguments... arguments) {
     invoke([&](auto... java) { handOut(env_->CallObjectMethod(java...), out); }, arguments...);
     return result_;
   }
 
-  // A global reference to the registered handler; null: there is none. Atomic because operations may read it
-  // while `AddCb` writes it.
+  // A global reference to the registered handler, or null. Atomic because operations may read it while
+  // `AddCb` writes it.
   static inline constinit std::atomic<jobject> s_jCallback = nullptr;
 
  private:
-  static constexpr size_t kMaxTexts = 3;
+  static constexpr size_t kMaxStrings = 3;
 
   template <class Call, class... Arguments>
   void invoke(Call call, Arguments... arguments) {
     if (result_ != 0) return;
-    const std::tuple java{convert(arguments)...};  // in braces: in the order of the parameters
+    // Braces make the order of the conversions that of the parameters.
+    const std::tuple java{convert(arguments)...};
     const jmethodID method = findMethod();
     if (method == nullptr) return;
     std::apply([&](auto... converted) { call(s_jCallback.load(), method, converted...); }, java);
@@ -85,23 +88,25 @@ class HandlerCall {
   static jint convert(int number) { return number; }
   static jlong convert(long long number) { return number; }
   static jboolean convert(bool flag) { return flag ? JNI_TRUE : JNI_FALSE; }
-  jstring convert(JavaText text);
+  jstring convert(JavaString string);
 
-  jmethodID findMethod();  // null: `result_` says why
+  // Null: returned when there is no such method; `result_` is the reason.
+  jmethodID findMethod();
   void handOut(jobject string, char** out);
   void fail(int result, const char* message);
   void release(jobject reference);
   void clearException();
 
   const JavaMethod& method_;
-  int result_ = 0;  // of the operation; other than 0 before the call: there is no call
+  // Of the operation; once it is not 0, the method is not called.
+  int result_ = 0;
   int attached_ = 0;
   JNIEnv* env_ = nullptr;
-  // Local references, null when there is none.
-  std::array<jstring, kMaxTexts> texts_{};
-  size_t textCount_ = 0;
+  // Local references, or null.
+  std::array<jstring, kMaxStrings> strings_{};
+  size_t stringCount_ = 0;
   jclass class_ = nullptr;
-  jobject answer_ = nullptr;
+  jobject returned_ = nullptr;
 };
 
 #endif  // HANDLER_CALL_H_

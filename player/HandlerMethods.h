@@ -7,7 +7,7 @@
 #include <array>
 #include <string_view>
 
-// One method of the Java handler, and how its operation speaks of it in the log.
+// One method of the Java handler, and its name and priority in the log.
 struct JavaMethod {
   consteval JavaMethod(const char* methodName, const char* methodSignature, std::string_view logName,
                        int logPriority = ANDROID_LOG_WARN)
@@ -20,8 +20,10 @@ struct JavaMethod {
 
   const char* name;
   const char* signature;
-  int priority;                // of all that the operation logs
-  char lookupFailed[80] = {};  // the whole message: log lines are compared to the letter
+  // Of every message that the operation logs.
+  int priority;
+  // The whole message, because it is the format that the log is given.
+  char lookupFailed[80] = {};
 };
 
 // In the order of the player's operations; names and signatures are those of TarqRendererHandler.java.
@@ -50,7 +52,7 @@ inline constexpr auto kHandlerMethods = std::to_array<JavaMethod>({
     {"getTrackDuration", "(I)I"},
 });
 
-// The row of that Java name. A name without a row does not compile.
+// Returns: the row of that Java name. A name without a row does not compile.
 consteval const JavaMethod& handlerMethod(std::string_view name) {
   return *std::ranges::find(kHandlerMethods, name,
                             [](const JavaMethod& row) { return std::string_view(row.name); });

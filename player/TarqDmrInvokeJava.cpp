@@ -16,7 +16,7 @@ int invalidArgument(const char* message) {
 
 int noChannel() { return invalidArgument("Invalid Argument: pChannel is NULL"); }
 
-bool isPresent(const char* text) { return text != nullptr && *text != '\0'; }
+bool isPresent(const char* string) { return string != nullptr && *string != '\0'; }
 
 }  // namespace
 
@@ -60,8 +60,8 @@ int TarqDmrInvokeJava::SetDataSource(unsigned int id, const char* pCurrentURI,
   if (isPresent(pCurrentURI) && pCurrentContentType == nullptr && isPresent(pCurrentURIMetaData))
     return invalidArgument("Invalid Argument: pCurrentContentType is NULL");
   return HandlerCall(handlerMethod("setDataSource"))
-      .status(id, requiredText(pCurrentURI), optionalText(pCurrentURIMetaData),
-              optionalText(pCurrentContentType));
+      .status(id, requiredString(pCurrentURI), optionalString(pCurrentURIMetaData),
+              optionalString(pCurrentContentType));
 }
 
 int TarqDmrInvokeJava::SetNextDataSource(unsigned int id, const char* pNextURI, const char* pNextURIMetaData,
@@ -69,12 +69,13 @@ int TarqDmrInvokeJava::SetNextDataSource(unsigned int id, const char* pNextURI, 
   if (pNextURI == nullptr) return invalidArgument("Invalid Argument: pNextURI is NULL");
   if (pNextContentType == nullptr) return invalidArgument("Invalid Argument: pNextContentType is NULL");
   return HandlerCall(handlerMethod("setNextDataSource"))
-      .status(id, requiredText(pNextURI), dispensableText(pNextURIMetaData), requiredText(pNextContentType));
+      .status(id, requiredString(pNextURI), dispensableString(pNextURIMetaData),
+              requiredString(pNextContentType));
 }
 
 int TarqDmrInvokeJava::Start(unsigned int id, const char* pPlaySpeed) {
   if (pPlaySpeed == nullptr) return invalidArgument("Invalid Argument: pPlaySpeed is NULL");
-  return HandlerCall(handlerMethod("start")).status(id, requiredText(pPlaySpeed));
+  return HandlerCall(handlerMethod("start")).status(id, requiredString(pPlaySpeed));
 }
 
 int TarqDmrInvokeJava::Stop(unsigned int id) { return HandlerCall(handlerMethod("stop")).status(id); }
@@ -95,15 +96,15 @@ int TarqDmrInvokeJava::GetState(unsigned int id, int* state) {
   return HandlerCall(handlerMethod("getState")).value(state, id);
 }
 
-int TarqDmrInvokeJava::SetVolume(unsigned int id, const char* pChannel, unsigned int first,
-                                 unsigned int second) {
+int TarqDmrInvokeJava::SetVolume(unsigned int id, const char* pChannel, unsigned int volume,
+                                 unsigned int qualifier) {
   if (pChannel == nullptr) return noChannel();
-  return HandlerCall(handlerMethod("setVolume")).status(id, requiredText(pChannel), first, second);
+  return HandlerCall(handlerMethod("setVolume")).status(id, requiredString(pChannel), volume, qualifier);
 }
 
 int TarqDmrInvokeJava::GetVolume(unsigned int id, const char* pChannel, int qualifier, unsigned int* volume) {
   if (pChannel == nullptr) return noChannel();
-  return HandlerCall(handlerMethod("getVolume")).value(volume, id, requiredText(pChannel), qualifier);
+  return HandlerCall(handlerMethod("getVolume")).value(volume, id, requiredString(pChannel), qualifier);
 }
 
 int TarqDmrInvokeJava::SetVolumeDB(unsigned int, const char*, int, int) { return kPlayerNotSupported; }
@@ -112,12 +113,12 @@ int TarqDmrInvokeJava::GetVolumeDB(unsigned int, const char*, int, int*) { retur
 
 int TarqDmrInvokeJava::SetMute(unsigned int id, const char* pChannel, bool mute) {
   if (pChannel == nullptr) return noChannel();
-  return HandlerCall(handlerMethod("setMute")).status(id, requiredText(pChannel), mute);
+  return HandlerCall(handlerMethod("setMute")).status(id, requiredString(pChannel), mute);
 }
 
 int TarqDmrInvokeJava::GetMute(unsigned int id, const char* pChannel, bool& mute) {
   if (pChannel == nullptr) return noChannel();
-  return HandlerCall(handlerMethod("getMute")).flag(&mute, id, requiredText(pChannel));
+  return HandlerCall(handlerMethod("getMute")).flag(&mute, id, requiredString(pChannel));
 }
 
 int TarqDmrInvokeJava::GetPlaySpeedList(unsigned int id, char** speeds) {
@@ -129,25 +130,25 @@ int TarqDmrInvokeJava::GetAction(unsigned int id, char** actions) {
 }
 
 int TarqDmrInvokeJava::X_UpdateAudioSelection(unsigned int id, unsigned int number, const char* selection) {
-  return HandlerCall(handlerMethod("updateAudioSelection")).status(id, number, requiredText(selection));
+  return HandlerCall(handlerMethod("updateAudioSelection")).status(id, number, requiredString(selection));
 }
 
 int TarqDmrInvokeJava::X_UpdateVideoSelection(unsigned int id, unsigned int number, const char* selection) {
-  return HandlerCall(handlerMethod("updateVideoSelection")).status(id, number, requiredText(selection));
+  return HandlerCall(handlerMethod("updateVideoSelection")).status(id, number, requiredString(selection));
 }
 
 int TarqDmrInvokeJava::PrepareForConnection(unsigned int id, const char* protocolInfo) {
-  return HandlerCall(handlerMethod("prepareForConnection")).status(id, requiredText(protocolInfo));
+  return HandlerCall(handlerMethod("prepareForConnection")).status(id, requiredString(protocolInfo));
 }
 
 int TarqDmrInvokeJava::ConnectionComplete(unsigned int id) {
   return HandlerCall(handlerMethod("connectionComplete")).status(id);
 }
 
-int TarqDmrInvokeJava::SetBreakAuxStreamPlaylist(unsigned int id, int number, const char* first,
-                                                 const char* second) {
+int TarqDmrInvokeJava::SetBreakAuxStreamPlaylist(unsigned int id, int number, const char* playlist,
+                                                 const char* detail) {
   return HandlerCall(handlerMethod("setBreakAuxStreamPlaylist"))
-      .status(id, number, optionalText(first), optionalText(second));
+      .status(id, number, optionalString(playlist), optionalString(detail));
 }
 
 int TarqDmrInvokeJava::SetBreakAuxStreamTrigger(unsigned int id, unsigned int number, long long trigger) {

@@ -3,9 +3,9 @@
 
 #include "TarqDmrPlayerInterface.h"
 
-// The player: hands every action to the application's Java handler and plays nothing itself.
-// Threads, null, units: as the interface says. The first `GetInstance` comes from one thread.
-// Owns: nothing of its own; the handler's reference is the process's. The instance is never deleted.
+// The player: passes every action on to the application's Java handler and plays nothing itself.
+// Ownership: the handler's reference belongs to the process, not to this object, which is never deleted.
+// Threads: the first `GetInstance` comes from one thread; for the operations see the interface.
 class TarqDmrInvokeJava final : public TarqDmrPlayerInterface {
  public:
   static TarqDmrInvokeJava* GetInstance();
@@ -23,10 +23,10 @@ class TarqDmrInvokeJava final : public TarqDmrPlayerInterface {
   int Next(unsigned int id) override;
   int GetCurrentPosition(unsigned int id, int* position) override;
   int GetState(unsigned int id, int* state) override;
-  int SetVolume(unsigned int id, const char* pChannel, unsigned int first, unsigned int second) override;
+  int SetVolume(unsigned int id, const char* pChannel, unsigned int volume, unsigned int qualifier) override;
   int GetVolume(unsigned int id, const char* pChannel, int qualifier, unsigned int* volume) override;
-  int SetVolumeDB(unsigned int id, const char* channel, int first, int second) override;
-  int GetVolumeDB(unsigned int id, const char* channel, int qualifier, int* volume) override;
+  int SetVolumeDB(unsigned int id, const char* pChannel, int volume, int qualifier) override;
+  int GetVolumeDB(unsigned int id, const char* pChannel, int qualifier, int* volume) override;
   int SetMute(unsigned int id, const char* pChannel, bool mute) override;
   int GetMute(unsigned int id, const char* pChannel, bool& mute) override;
   int GetPlaySpeedList(unsigned int id, char** speeds) override;
@@ -35,7 +35,8 @@ class TarqDmrInvokeJava final : public TarqDmrPlayerInterface {
   int X_UpdateVideoSelection(unsigned int id, unsigned int number, const char* selection) override;
   int PrepareForConnection(unsigned int id, const char* protocolInfo) override;
   int ConnectionComplete(unsigned int id) override;
-  int SetBreakAuxStreamPlaylist(unsigned int id, int number, const char* first, const char* second) override;
+  int SetBreakAuxStreamPlaylist(unsigned int id, int number, const char* playlist,
+                                const char* detail) override;
   int SetBreakAuxStreamTrigger(unsigned int id, unsigned int number, long long trigger) override;
   int GetTrackDuration(unsigned int id, int* duration) override;
 

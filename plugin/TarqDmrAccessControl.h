@@ -3,15 +3,17 @@
 
 #include "TarqNetworkAccessControlInterface.h"
 
-// Hands access checks and device notifications on to the hosting application and adds no rule of its own:
-// who may use the renderer is the user's decision.
-// Threads: any, also at once; a call blocks for as long as the application takes.
+// Passes access checks and device notifications on to the application and adds no rule of its own: the user
+// decides who may use the renderer.
+// Threads: any, also several at once; a call blocks for as long as the application takes.
 class TarqDmrAccessControl final : public _TarqNetworkAccessControlInterface {
  public:
   static TarqDmrAccessControl* GetInstance();
 
-  int CheckAccess(_ACCESS_CHECK_INFO* info) override;    // the application's answer, unchanged
-  int DeviceNotify(_ACCESS_NOTIFY_INFO* info) override;  // 0, whatever the application answers
+  // Returns: what the application returns.
+  int CheckAccess(_ACCESS_CHECK_INFO* info) override;
+  // Returns: 0, whatever the application returns.
+  int DeviceNotify(_ACCESS_NOTIFY_INFO* info) override;
 
  private:
   TarqDmrAccessControl() = default;

@@ -3,9 +3,10 @@
 
 #include "TarqDmrCpParamsInterface.h"
 
-// The control-point side's tuning values: constants, fixed when the object is built.
-// Threads: the first `GetInstance` comes from one thread; everything afterwards from any.
-// Owns: nothing; the texts are constants of the library. The instance is never deleted.
+// The tuning values of the control-point side: constants, fixed when the object is built.
+// Ownership: the strings are constants of the library; the object is never deleted.
+// Threads: the first `GetInstance` comes from one thread; after that any.
+// Units: see the interface.
 class TarqDmrCpParams final : public TarqDmrCpParamsInterface {
  public:
   static TarqDmrCpParams* GetInstance();

@@ -4,8 +4,9 @@
 #include "TarqDmrParamsInterface.h"
 
 // The runtime parameters: the current region and what is made for it.
+// Ownership: the object is never deleted.
 // Threads: the first `GetInstance` comes from one thread. The region is a plain integer: the host sets it
-// while no check and no sink text is being made.
+//   while no check and no `GetSinkProtocolInfo` runs.
 class TarqDmrParams final : public TarqDmrParamsInterface {
  public:
   static TarqDmrParams* GetInstance();

@@ -15,7 +15,7 @@ constexpr PluginInfo kPluginInfo = {
     .description = "Tarq DMR Sample Plguin",
 };
 
-// Kept for the host's sake; nothing in the plug-in reads files.
+// The plug-in reads no file: the path is only stored, as the host expects.
 char resourceDir[1024];
 
 }  // namespace

@@ -4,8 +4,9 @@
 #include "TarqDmrSpecInterface.h"
 
 // This renderer's device settings: constants, fixed when the object is built.
-// Threads: the first `GetInstance` comes from one thread; everything afterwards from any.
-// Owns: nothing; the texts are constants of the library. The instance is never deleted.
+// Ownership: the strings are constants of the library; the object is never deleted.
+// Threads: the first `GetInstance` comes from one thread; after that any.
+// Units: see the interface.
 class TarqDmrSpec final : public TarqDmrSpecInterface {
  public:
   static TarqDmrSpec* GetInstance();
@@ -55,7 +56,8 @@ class TarqDmrSpec final : public TarqDmrSpecInterface {
   const char* defaultUdnFormat_ = "uuid:23456789-0000-1010-8000-%-12s";
   const char* defaultNwIf_ = "eth0";
   bool defaultRegModeAuto_ = true;
-  int allowedListMax_ = 20;  // the control point's is 64
+  // Smaller than the control point's, which is 64.
+  int allowedListMax_ = 20;
   int deniedListMax_ = 64;
   int pendingListMax_ = 64;
 };

@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 
 #include <atomic>
+#include <initializer_list>
 #include <mutex>
 #include <type_traits>
 
@@ -10,7 +11,7 @@
 
 namespace {
 
-// The name under which a plug-in that the application opened itself is known to the dynamic linker.
+// The name by which the dynamic linker knows a plug-in that the application opened itself.
 constexpr const char* kPluginLibrary = "libtarq_dmr_plugin.so";
 
 struct Exports {
@@ -61,17 +62,19 @@ struct LoadedPlugin {
 };
 
 LoadedPlugin loadedPlugin;
-std::atomic<const LoadedPlugin*> loaded = nullptr;  // null, or `loadedPlugin` once that is filled
+// Null until `loadedPlugin` is filled.
+std::atomic<const LoadedPlugin*> loaded = nullptr;
 std::mutex adopting;
 VondString loadError = "";
 
-int fail(const char* what, const char* path, const char* detail = "") {
-  loadError = what;
-  loadError.append(path).append(detail);
+int fail(std::initializer_list<const char*> message) {
+  loadError = "";
+  for (const char* part : message) loadError.append(part);
   return -1;
 }
 
-// Looks up every export. The names of all that are missing, each after a blank; empty: none is.
+// Looks up every export.
+// Returns: the names of those that are missing, each with a blank before it.
 VondString resolve(void* library, Exports& exports) {
   VondString missing = "";
   for (const ExportRow& row : kExports) {
@@ -82,7 +85,8 @@ VondString resolve(void* library, Exports& exports) {
   return missing;
 }
 
-// Asks the plug-in for its objects. The name of the getter that gave none; null: all gave one.
+// Gets the plug-in's objects.
+// Returns: the name of the getter that returned null; null when none did.
 const char* fetchObjects(const Exports& exports, LoadedPlugin& plugin) {
   if ((plugin.spec = exports.getSpec()) == nullptr) return "GetSpec";
   if ((plugin.cpParams = exports.getCpParams()) == nullptr) return "GetCpParams";
@@ -133,23 +137,23 @@ TarqDmrPluginManager* TarqDmrPluginManager::GetInstance() {
 }
 
 int TarqDmrPluginManager::Load(const char* pluginPath, const char* resourceDir) {
-  if (pluginPath == nullptr) return fail("no plug-in is named", "");
+  if (pluginPath == nullptr) return fail({"no plug-in was specified"});
   loadError = "";
   void* library = dlopen(pluginPath, RTLD_NOW | RTLD_LOCAL);
-  if (library == nullptr) return fail("cannot load ", pluginPath, VondString(": ").append(dlerror()).c_str());
+  if (library == nullptr) return fail({"cannot load ", pluginPath, ": ", dlerror()});
   Exports exports;
   if (const VondString missing = resolve(library, exports); missing.length() != 0) {
     dlclose(library);
-    return fail(pluginPath, " is no renderer plug-in, it does not export", missing.c_str());
+    return fail({pluginPath, " is not a renderer plug-in: it does not export", missing.c_str()});
   }
 
   // From here on the library stays loaded: its code has run.
   LoadedPlugin plugin{};
-  if (exports.getPluginInfo(&plugin.info) != 0) return fail("GetPluginInfo failed in ", pluginPath);
-  if (exports.initialize(resourceDir) != 0) return fail("Initialize failed in ", pluginPath);
+  if (exports.getPluginInfo(&plugin.info) != 0) return fail({"GetPluginInfo failed in ", pluginPath});
+  if (exports.initialize(resourceDir) != 0) return fail({"Initialize failed in ", pluginPath});
   if (const char* getter = fetchObjects(exports, plugin))
-    return fail(getter, " gave nothing in ", pluginPath);
-  if (exports.start() != 0) return fail("Start failed in ", pluginPath);
+    return fail({getter, " returned null in ", pluginPath});
+  if (exports.start() != 0) return fail({"Start failed in ", pluginPath});
   publish(plugin);
   return 0;
 }

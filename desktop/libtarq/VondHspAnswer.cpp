@@ -8,7 +8,8 @@ namespace {
 
 constexpr size_t kMaxHeaderBytes = size_t{300} * 1024;
 
-// The status of a status line: a version, the status, a reason. 0: it has none of three digits.
+// `line`: a version, the status, a reason.
+// Returns: the status; 0 when it does not have three digits.
 int statusOf(std::string_view line) {
   const std::string_view rest = trim(line.substr(std::min(line.find(' '), line.size())));
   const std::string_view digits = rest.substr(0, rest.find(' '));

@@ -6,20 +6,24 @@
 
 #include "VondString.h"
 
-// Reads the header lines of an HTTP answer and keeps its status and the two headers that the renderer looks
-// at (RFC 7230 3). It judges the status line itself: libcurl takes "HTTP/" with anything behind it for a 200.
-// Interim answers (status 1xx) may come before the final one: each status line begins anew.
-// Threads: one. Owns: copies of the two values.
+// Reads the header lines of an HTTP answer and keeps its status and the two headers that a renderer needs. It
+// checks the status line itself, because libcurl takes "HTTP/" with anything after it for status 200. Interim
+// answers (status 1xx) may come before the final one: every status line starts again.
+// Ownership: the object copies the two values.
+// Source: RFC 7230 3.
 class VondHspAnswer {
  public:
-  // One line as received, with its line end. False: this is no HTTP answer, or all lines together exceed the
-  // limit of 300 KiB.
+  // Takes one line as received, with its line end.
+  // Returns: false when this is not an HTTP answer, or when all lines together exceed the limit of 300 KiB.
   bool AddLine(std::string_view line) noexcept;
 
-  int status() const noexcept { return status_; }         // 0 before the status line
-  bool IsComplete() const noexcept { return complete_; }  // the blank line after the headers has come
-  const VondString& contentType() const noexcept { return contentType_; }          // absent: none
-  const VondString& contentFeatures() const noexcept { return contentFeatures_; }  // absent: none
+  // Returns: 0 before the status line.
+  int status() const noexcept { return status_; }
+  // Returns: true after the blank line that ends the headers.
+  bool IsComplete() const noexcept { return complete_; }
+  // Returns: an absent string when there is no such header.
+  const VondString& contentType() const noexcept { return contentType_; }
+  const VondString& contentFeatures() const noexcept { return contentFeatures_; }
 
  private:
   bool begin(std::string_view line) noexcept;
@@ -31,7 +35,8 @@ class VondHspAnswer {
   bool complete_ = false;
   VondString contentType_;
   VondString contentFeatures_;
-  VondString* unfinished_ = nullptr;  // the value that a folded line goes on with; null: one that is not kept
+  // The value that a folded line continues; null when it is not kept.
+  VondString* unfinished_ = nullptr;
 };
 
 #endif  // VOND_HSP_ANSWER_H_

@@ -12,7 +12,8 @@ namespace {
 
 constexpr long kConnectLimitMs = 5'000;
 constexpr long kRequestLimitMs = 15'000;
-constexpr int kLongestSleepMs = 1'000;  // libcurl's own limits wake it earlier where they must
+// libcurl wakes up earlier when one of its own limits requires it.
+constexpr int kLongestSleepMs = 1'000;
 
 bool initialiseCurl() {
   static const bool ready = curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK;
@@ -38,11 +39,14 @@ int toHspError(CURLcode code) {
       return kVondHspConnectFailed;
     case CURLE_COULDNT_RESOLVE_HOST:
       return kVondHspNameNotResolved;
-    case CURLE_UNSUPPORTED_PROTOCOL:  // of the answer: the URL's scheme is known to be http
+    // Of the answer: the URL's scheme is known to be http.
+    case CURLE_UNSUPPORTED_PROTOCOL:
     case CURLE_WEIRD_SERVER_REPLY:
-    case CURLE_WRITE_ERROR:  // VondHspAnswer had enough
+    // VondHspAnswer refused a line.
+    case CURLE_WRITE_ERROR:
     case CURLE_BAD_CONTENT_ENCODING:
-    case CURLE_OUT_OF_MEMORY:  // so libcurl says when one header line exceeds 100 KiB
+    // What libcurl reports when one header line exceeds 100 KiB.
+    case CURLE_OUT_OF_MEMORY:
       return kVondHspInvalidAnswer;
     case CURLE_RECV_ERROR:
     case CURLE_GOT_NOTHING:
@@ -63,8 +67,8 @@ size_t onHeaderLine(char* line, size_t, size_t length, void* answer) {
 
 }  // namespace
 
-// The request under way. `multi` lives as long as the client, because `Cancel` wakes it from another thread;
-// `easy` is a fresh one for each request.
+// The current request. `multi` lives as long as the client, because `Cancel` wakes it from another thread;
+// `easy` is a new one for each request.
 struct VondHspClient::Transfer {
   ~Transfer() {
     drop();
@@ -97,16 +101,20 @@ bool VondHspClient::Transfer::prepare(const char* url, const VondHspDlnaRequest&
   set(CURLOPT_PROTOCOLS_STR, "http");
   set(CURLOPT_PATH_AS_IS, 1L);
   set(CURLOPT_NOBODY, 1L);
-  set(CURLOPT_IGNORE_CONTENT_LENGTH, 1L);  // no body is read: a broken length does no harm
+  // No body is read, so a broken length does no harm.
+  set(CURLOPT_IGNORE_CONTENT_LENGTH, 1L);
   set(CURLOPT_HTTP_VERSION, static_cast<long>(CURL_HTTP_VERSION_1_1));
   set(CURLOPT_HTTPHEADER, headers);
   set(CURLOPT_HEADERFUNCTION, &onHeaderLine);
   set(CURLOPT_HEADERDATA, static_cast<void*>(&answer));
-  set(CURLOPT_PROXY, "");  // the environment does not count
+  // No proxy, whatever the environment says.
+  set(CURLOPT_PROXY, "");
   set(CURLOPT_NOPROXY, "*");
   set(CURLOPT_FORBID_REUSE, 1L);
-  set(CURLOPT_NOSIGNAL, 1L);    // limits without SIGALRM: other threads run
-  set(CURLOPT_QUICK_EXIT, 1L);  // a stuck name lookup is left behind, not waited for
+  // Time limits without SIGALRM, because there are other threads.
+  set(CURLOPT_NOSIGNAL, 1L);
+  // A name lookup that hangs is abandoned, not waited for.
+  set(CURLOPT_QUICK_EXIT, 1L);
   set(CURLOPT_CONNECTTIMEOUT_MS, kConnectLimitMs);
   set(CURLOPT_TIMEOUT_MS, kRequestLimitMs);
   return accepted && curl_multi_add_handle(multi, easy) == CURLM_OK;
@@ -118,8 +126,8 @@ bool VondHspClient::Transfer::addHeaders(const VondHspDlnaRequest& request) {
     if (longer != nullptr) headers = longer;
     return longer != nullptr;
   };
-  const char* mode = transferModeHeader(request.GetTransferMode());
-  return (!request.GetContentFeaturesEnabled() || add("getcontentFeatures.dlna.org: 1")) &&
+  const char* mode = transferModeHeader(request.transferMode_);
+  return (!request.contentFeatures_ || add("getcontentFeatures.dlna.org: 1")) &&
          (mode == nullptr || add(mode));
 }
 

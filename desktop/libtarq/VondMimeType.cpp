@@ -6,7 +6,8 @@
 
 namespace {
 
-// The characters of a token: RFC 7230 3.2.6.
+// The characters of a token.
+// Source: RFC 7230 3.2.6.
 constexpr auto kIsTokenChar = [] {
   std::array<bool, 256> table{};
   for (size_t c = 0; c < 128; ++c) table[c] = isLetter(static_cast<char>(c)) || isDigit(static_cast<char>(c));
@@ -14,31 +15,32 @@ constexpr auto kIsTokenChar = [] {
   return table;
 }();
 
-std::string_view tokenAt(const char* text) {
-  const char* end = text;
+std::string_view tokenAt(const char* string) {
+  const char* end = string;
   while (kIsTokenChar[static_cast<unsigned char>(*end)]) ++end;
-  return {text, static_cast<size_t>(end - text)};
+  return {string, end};
 }
 
-// Where `text` goes on behind `token`; null when it does not begin with it. No token holds a NUL, so a
-// shorter text differs.
-const char* behindToken(const char* text, std::string_view token) {
+// No token has a NUL, so the comparison ends with a shorter string.
+// Returns: what follows `token` at the beginning of `string`.
+// Null: returned when `string` does not begin with `token`.
+const char* afterToken(const char* string, std::string_view token) {
   for (const char c : token)
-    if (const char other = *text++; other != c && toLower(other) != toLower(c)) return nullptr;
-  return text;
+    if (toLower(*string++) != toLower(c)) return nullptr;
+  return string;
 }
 
-// True where nothing but parameters can follow.
-bool endsType(const char* text) {
-  text = skipBlanks(text);
-  return *text == '\0' || *text == ';';
+// Returns: whether only parameters can follow.
+bool endsType(const char* string) {
+  string = skipBlanks(string);
+  return *string == '\0' || *string == ';';
 }
 
 }  // namespace
 
-VondMimeType::VondMimeType(const char* text) noexcept {
-  if (text == nullptr) return;
-  const std::string_view type = tokenAt(skipBlanks(text));
+VondMimeType::VondMimeType(const char* string) noexcept {
+  if (string == nullptr) return;
+  const std::string_view type = tokenAt(skipBlanks(string));
   const char* slash = type.data() + type.size();
   if (type.empty() || *slash != '/') return;
   const std::string_view subtype = tokenAt(slash + 1);
@@ -47,10 +49,11 @@ VondMimeType::VondMimeType(const char* text) noexcept {
   subtype_ = subtype;
 }
 
-bool VondMimeType::matchWhole(const char* pattern) const noexcept {
-  const char* rest = behindToken(pattern, type_);
+bool VondMimeType::Match(const char* pattern) const noexcept {
+  if (!IsValid() || pattern == nullptr) return false;
+  const char* rest = afterToken(pattern, type_);
   if (rest == nullptr || *rest++ != '/') return false;
   if (*rest == '*' && endsType(rest + 1)) return true;
-  rest = behindToken(rest, subtype_);
+  rest = afterToken(rest, subtype_);
   return rest != nullptr && endsType(rest);
 }

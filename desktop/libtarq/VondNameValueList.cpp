@@ -1,5 +1,6 @@
 #include "VondNameValueList.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
@@ -7,60 +8,53 @@
 
 namespace {
 
-// Whether the value of the item from `begin` to `end`, which a quote ends, has another one before it.
-bool isQuotedValue(const char* begin, const char* end) {
-  const auto* value = static_cast<const char*>(std::memchr(begin, '=', static_cast<size_t>(end - begin)));
-  if (value == nullptr) return false;
-  value = skipBlanks(value + 1);
-  return *value == '"' && end - value >= 2;
+// Returns: the first `wanted` in [begin, end), or `end`.
+const char* find(const char* begin, const char* end, char wanted) {
+  const void* found = std::memchr(begin, wanted, static_cast<size_t>(end - begin));
+  return found != nullptr ? static_cast<const char*>(found) : end;
+}
+
+std::string_view unquoted(std::string_view value) {
+  const bool quoted = value.size() >= 2 && value.front() == '"' && value.back() == '"';
+  return quoted ? value.substr(1, value.size() - 2) : value;
+}
+
+// Ends `value`, a part of the list's own copy, with NUL. The byte after it is no longer needed.
+const char* terminated(std::string_view value) {
+  const_cast<char*>(value.data())[value.size()] = '\0';
+  return value.data();
 }
 
 }  // namespace
 
-VondNameValueList::VondNameValueList(const char* text) noexcept {
-  if (text == nullptr) return;
-  const size_t length = std::strlen(text);
-  copy_ = copyText(text, length, inlineText_);
-  valid_ = copy_ != nullptr && split(copy_ + length);
+VondNameValueList::VondNameValueList(const char* string) noexcept {
+  if (string == nullptr) return;
+  const size_t bytes = std::strlen(string) + 1;
+  copy_ = allocate(bytes, inlineCopy_);
+  items_ = allocate(bytes / 2, inlineItems_);
+  if (copy_ == nullptr || items_ == nullptr) return;
+  std::memcpy(copy_, string, bytes);
+  valid_ = split({copy_, bytes - 1});
 }
 
 VondNameValueList::~VondNameValueList() {
-  if (copy_ != inlineText_) std::free(copy_);
+  if (copy_ != inlineCopy_) std::free(copy_);
   if (items_ != inlineItems_) std::free(items_);
 }
 
-bool VondNameValueList::endsName(const Item& item, size_t length, const char*& value) noexcept {
-  const char* behind = skipBlanks(item.text + length);
-  if (*behind == '=') value = skipBlanks(behind + 1) + (item.quoted ? 1 : 0);
-  return *behind == '=' || *behind == '\0';
-}
-
-// Cuts the copy, which ends at `end`, into items. Where a name ends is looked up when it is asked for: few of
-// them ever are. False: an item without a name, or no memory.
-bool VondNameValueList::split(char* end) noexcept {
-  for (char* next = copy_; next < end;) {
-    char* begin = next;
-    char* itemEnd = std::strchr(begin, ';');
-    if (itemEnd == nullptr) itemEnd = end;
+// Returns: false when an item has no name before its "=".
+bool VondNameValueList::split(std::string_view copy) noexcept {
+  const char* const end = copy.data() + copy.size();
+  for (const char *begin = copy.data(), *next; begin < end; begin = next) {
+    const char* itemEnd = find(begin, end, ';');
+    const char* nameEnd = find(begin, itemEnd, '=');
     next = itemEnd + 1;
-    while (begin != itemEnd && isBlank(*begin)) ++begin;
-    if (begin == itemEnd) continue;
-    if (*begin == '=' || (count_ == capacity_ && !grow())) return false;
-    while (isBlank(itemEnd[-1])) --itemEnd;
-    const bool quoted = itemEnd[-1] == '"' && isQuotedValue(begin, itemEnd);
-    if (quoted) --itemEnd;
-    *itemEnd = '\0';
-    items_[count_++] = {begin, static_cast<size_t>(itemEnd - begin), quoted};
+    const std::string_view name = trim({begin, nameEnd});
+    if (name.empty() && nameEnd != itemEnd) return false;
+    if (name.empty()) continue;
+    const char* value = nullptr;
+    if (nameEnd != itemEnd) value = terminated(unquoted(trim({nameEnd + 1, itemEnd})));
+    items_[count_++] = {name.data(), name.size(), value};
   }
-  return true;
-}
-
-bool VondNameValueList::grow() noexcept {
-  const bool first = items_ == inlineItems_;
-  auto* grown = static_cast<Item*>(std::realloc(first ? nullptr : items_, 2 * capacity_ * sizeof(Item)));
-  if (grown == nullptr) return false;
-  if (first) std::memcpy(grown, inlineItems_, sizeof inlineItems_);
-  items_ = grown;
-  capacity_ *= 2;
   return true;
 }

@@ -10,20 +10,20 @@ namespace {
 
 constexpr auto kNotFound = std::string_view::npos;
 
-// RFC 3986 3.1.
-bool isScheme(std::string_view text) {
+// Source: RFC 3986 3.1.
+bool isScheme(std::string_view string) {
   const auto mayFollow = [](char c) { return isLetter(c) || isDigit(c) || c == '+' || c == '-' || c == '.'; };
-  return !text.empty() && isLetter(text.front()) && std::all_of(text.begin(), text.end(), mayFollow);
+  return !string.empty() && isLetter(string.front()) && std::all_of(string.begin(), string.end(), mayFollow);
 }
 
-// What follows the host: nothing, or ":" and a port, which may be empty.
-bool isPortPart(std::string_view text) {
-  return text.empty() || (text.front() == ':' && std::all_of(text.begin() + 1, text.end(), isDigit));
+// Returns: whether this can follow a host: nothing, or ":" and a port, which may be empty.
+bool isPortPart(std::string_view string) {
+  return string.empty() || (string.front() == ':' && std::all_of(string.begin() + 1, string.end(), isDigit));
 }
 
-// The host of `authority`, an IPv6 address without its brackets; empty where there is none.
+// Returns: the host, an IPv6 address without its brackets; empty when there is none.
 std::string_view hostOf(std::string_view authority) {
-  // A password may hold an unescaped "@": the last one ends the userinfo.
+  // A password may have an unescaped "@", so the last one ends the userinfo.
   if (const size_t at = authority.rfind('@'); at != kNotFound) authority.remove_prefix(at + 1);
   const bool bracketed = !authority.empty() && authority.front() == '[';
   const size_t begin = bracketed ? 1 : 0;
@@ -34,11 +34,11 @@ std::string_view hostOf(std::string_view authority) {
 
 }  // namespace
 
-VondURL* VondURL::Parse(const char* text, const VondURL*) noexcept {
-  if (text == nullptr) return nullptr;
-  const char* colon = std::strchr(text, ':');
+VondURL* VondURL::Parse(const char* string, const VondURL*) noexcept {
+  if (string == nullptr) return nullptr;
+  const char* colon = std::strchr(string, ':');
   if (colon == nullptr || colon[1] != '/' || colon[2] != '/') return nullptr;
-  const std::string_view scheme(text, static_cast<size_t>(colon - text));
+  const std::string_view scheme(string, colon);
   const char* authority = colon + 3;
   const std::string_view host = hostOf({authority, std::strcspn(authority, "/?#")});
   if (!isScheme(scheme) || host.empty()) return nullptr;

@@ -1,77 +1,77 @@
-// Every operation of the player against a Java VM that fails on demand and writes down what is asked of it.
+// Every operation of the player with a Java VM that fails on demand and notes what it is asked.
 #include <android/log.h>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <cstdarg>
 #include <string>
-#include <thread>
 #include <vector>
 
+#include "PlayerOperations.h"
 #include "TarqDmrInvokeJava.h"
 #include "TarqJniUtil.h"
+#include "TestRows.h"
 
 namespace {
 
-using testing::ElementsAre;
-
+using Log = std::vector<std::string>;
 enum class Fails { Nothing, Environment, Text, Class, Method, Call, Detach };
+using enum Fails;
 
 constexpr jint kAnswer = -5;
 
 struct FakeVm {
-  Fails fails = Fails::Nothing;
+  Fails fails = Nothing;
   size_t failingText = 0;  // from 1
   bool attaches = true;    // otherwise the thread is in the VM already
   bool answersNull = false;
 
   std::string trace = {};  // what was asked, a word each; "!" where it failed, "-" where it was released
-  std::vector<std::string> log = {};
+  Log log = {};
   size_t texts = 0;
   bool pending = false;  // a Java exception
 
   // True: this is to fail.
-  bool note(const std::string& word, Fails what = Fails::Nothing) {
-    const bool meant = what != Fails::Text || texts == failingText;
-    const bool failing = what != Fails::Nothing && fails == what && meant;
+  bool note(const std::string& word, Fails what = Nothing) {
+    const bool meant = what != Text || texts == failingText;
+    const bool failing = what != Nothing && fails == what && meant;
     trace += (trace.empty() ? "" : " ") + word + (failing ? "!" : "") + (pending ? " UNDER-EXCEPTION" : "");
     return failing;
   }
-  bool noteThrowing(const std::string& word, Fails what) { return (pending = note(word, what) || pending); }
+  // Returns: `value`, or the type's zero with an exception pending.
+  template <class Value>
+  Value give(const char* word, Fails what, Value value) {
+    pending = note(word, what) || pending;
+    return pending ? Value() : value;
+  }
 };
-thread_local FakeVm vm;  // of the thread that is inside
+FakeVm vm;
 
 constexpr const char* kTexts[] = {"text1", "text2", "text3"};
 
 // References are their own names.
-template <class Reference = jobject>
+template <class Reference>
 Reference named(const char* name) {
   return reinterpret_cast<Reference>(const_cast<char*>(name));
 }
-std::string nameOf(jobject reference) { return reinterpret_cast<const char*>(reference); }
 
 JNIEnv* fakeEnvironment() {
   static const JNINativeInterface_ table = [] {
     JNINativeInterface_ made{};
-    made.NewGlobalRef = [](JNIEnv*, jobject object) -> jobject {
-      return vm.note("global", Fails::Class) ? nullptr : object;
-    };
+    made.NewGlobalRef = [](JNIEnv*, jobject o) -> jobject { return vm.note("global", Class) ? nullptr : o; };
     made.DeleteGlobalRef = [](JNIEnv*, jobject) { vm.note("-global"); };
-    made.DeleteLocalRef = [](JNIEnv*, jobject object) { vm.note("-" + nameOf(object)); };
-    made.GetObjectClass = [](JNIEnv*, jobject) -> jclass {
-      return vm.noteThrowing("class", Fails::Class) ? nullptr : named<jclass>("class");
+    made.DeleteLocalRef = [](JNIEnv*, jobject object) {
+      vm.note(std::string("-") + reinterpret_cast<const char*>(object));
     };
-    made.GetMethodID = [](JNIEnv*, jclass, const char* name, const char*) -> jmethodID {
-      return vm.noteThrowing(name, Fails::Method) ? nullptr : reinterpret_cast<jmethodID>(&vm);
+    made.GetObjectClass = [](JNIEnv*, jobject) { return vm.give("class", Class, named<jclass>("class")); };
+    made.GetMethodID = [](JNIEnv*, jclass, const char* name, const char*) {
+      return vm.give(name, Method, reinterpret_cast<jmethodID>(&vm));
     };
-    made.CallIntMethodV = [](JNIEnv*, jobject, jmethodID, va_list) -> jint {
-      return vm.noteThrowing("call", Fails::Call) ? 0 : kAnswer;
+    made.CallIntMethodV = [](JNIEnv*, jobject, jmethodID, va_list) { return vm.give("call", Call, kAnswer); };
+    made.CallBooleanMethodV = [](JNIEnv*, jobject, jmethodID, va_list) {
+      return vm.give("call", Call, jboolean{2});
     };
-    made.CallBooleanMethodV = [](JNIEnv*, jobject, jmethodID, va_list) -> jboolean {
-      return vm.noteThrowing("call", Fails::Call) ? JNI_FALSE : 2;
-    };
-    made.CallObjectMethodV = [](JNIEnv*, jobject, jmethodID, va_list) -> jobject {
-      return vm.noteThrowing("call", Fails::Call) || vm.answersNull ? nullptr : named("answer");
+    made.CallObjectMethodV = [](JNIEnv*, jobject, jmethodID, va_list) {
+      return vm.give("call", Call, vm.answersNull ? nullptr : named<jobject>("answer"));
     };
     made.ExceptionCheck = [](JNIEnv*) -> jboolean { return vm.pending; };
     made.ExceptionClear = [](JNIEnv*) { vm.pending = false; };
@@ -86,16 +86,17 @@ JNIEnv* fakeEnvironment() {
 JNIEnv* TarqJniUtil::GetJNIEnv(int* attached) noexcept {
   EXPECT_EQ(*attached, 0);
   *attached = vm.attaches ? 1 : 0;
-  return vm.note("env", Fails::Environment) ? nullptr : fakeEnvironment();
+  return vm.note("env", Environment) ? nullptr : fakeEnvironment();
 }
-int TarqJniUtil::DetachVM() noexcept { return vm.note("detach", Fails::Detach) ? -1 : 0; }
+int TarqJniUtil::DetachVM() noexcept { return vm.note("detach", Detach) ? -1 : 0; }
 jstring TarqJniUtil::NewJStringUTF8s(JNIEnv*, const char*) noexcept {
   const char* name = kTexts[vm.texts++];
-  return vm.noteThrowing(name, Fails::Text) ? nullptr : named<jstring>(name);
+  return vm.give(name, Text, named<jstring>(name));
 }
 int TarqJniUtil::NewCString(JNIEnv*, jobject string, char** text) noexcept {
   vm.note("copy");
-  if (string != nullptr) *text = nullptr;
+  static char copy[] = "copy";
+  if (string != nullptr) *text = copy;
   return string != nullptr ? 0 : 9;
 }
 
@@ -106,202 +107,122 @@ extern "C" int __android_log_print(int priority, const char* tag, const char* fo
 
 namespace {
 
-char untouchedText[] = "untouched";
-
-struct Outs {
-  int number = 77;
-  unsigned int volume = 77;
-  bool flag = false;
-  char* text = untouchedText;
-
-  bool areUntouched() const { return number == 77 && volume == 77 && !flag && text == untouchedText; }
-};
-
-using P = TarqDmrPlayerInterface&;
-using O = Outs&;
-
-struct Operation {
-  const char* method;
-  size_t texts;
-  char result;  // 'i': the Java int; 'v': a stored value; 's': a copied text
-  int (*call)(P player, O out);
-  const char* logName = method;
-  int priority = ANDROID_LOG_WARN;
-};
-
-constexpr const char* kAudio = "x_UpdateAudioSelection";
-constexpr const char* kVideo = "x_UpdateVideoSelection";
-constexpr Operation kOperations[] = {
-    {"setDataSource", 3, 'i', [](P p, O) { return p.SetDataSource(1, "u", "m", "t"); }},
-    {"setNextDataSource", 3, 'i', [](P p, O) { return p.SetNextDataSource(1, "u", "m", "t"); }},
-    {"start", 1, 'i', [](P p, O) { return p.Start(1, "1"); }},
-    {"stop", 0, 'i', [](P p, O) { return p.Stop(1); }},
-    {"pause", 0, 'i', [](P p, O) { return p.Pause(1); }},
-    {"seekTo", 0, 'i', [](P p, O) { return p.SeekTo(1, 2); }},
-    {"next", 0, 'i', [](P p, O) { return p.Next(1); }},
-    {"getCurrentPosition", 0, 'v', [](P p, O o) { return p.GetCurrentPosition(1, &o.number); }},
-    {"getState", 0, 'v', [](P p, O o) { return p.GetState(1, &o.number); }},
-    {"setVolume", 1, 'i', [](P p, O) { return p.SetVolume(1, "LF", 2, 3); }},
-    {"getVolume", 1, 'v', [](P p, O o) { return p.GetVolume(1, "LF", 2, &o.volume); }},
-    {"setMute", 1, 'i', [](P p, O) { return p.SetMute(1, "LF", true); }},
-    {"getMute", 1, 'v', [](P p, O o) { return p.GetMute(1, "LF", o.flag); }},
-    {"getPlaySpeedList", 0, 's', [](P p, O o) { return p.GetPlaySpeedList(1, &o.text); }},
-    {"getAction", 0, 's', [](P p, O o) { return p.GetAction(1, &o.text); }, "getAction", ANDROID_LOG_ERROR},
-    {"updateAudioSelection", 1, 'i', [](P p, O) { return p.X_UpdateAudioSelection(1, 2, nullptr); }, kAudio},
-    {"updateVideoSelection", 1, 'i', [](P p, O) { return p.X_UpdateVideoSelection(1, 2, nullptr); }, kVideo},
-    {"prepareForConnection", 1, 'i', [](P p, O) { return p.PrepareForConnection(1, nullptr); }},
-    {"connectionComplete", 0, 'i', [](P p, O) { return p.ConnectionComplete(1); }},
-    {"setBreakAuxStreamPlaylist", 2, 'i', [](P p, O) { return p.SetBreakAuxStreamPlaylist(1, 2, "", ""); }},
-    {"setBreakAuxStreamTrigger", 0, 'i', [](P p, O) { return p.SetBreakAuxStreamTrigger(1, 2, 3); }},
-    {"getTrackDuration", 0, 'v', [](P p, O o) { return p.GetTrackDuration(1, &o.number); }},
-};
-static_assert(std::size(kOperations) == 22);
-
 std::string logLine(const std::string& message, int priority = ANDROID_LOG_WARN) {
   return std::to_string(priority) + " TarqPlugin(DMR): " + message;
 }
 
-// The player with a handler.
-class Player : public testing::Test {
- protected:
-  void SetUp() override { player_.AddCb(fakeEnvironment(), named("handler")); }
-  void TearDown() override { player_.RemoveCb(fakeEnvironment()); }
-
-  TarqDmrPlayerInterface& player_ = *TarqDmrInvokeJava::GetInstance();
-};
-
-// `message`: the only one; empty: none.
-void expectCall(TarqDmrPlayerInterface& player, const Operation& operation, const FakeVm& how, int result,
-                const std::string& trace, const std::string& message = "") {
-  SCOPED_TRACE(std::string(operation.method) + ": " + trace);
-  vm = how;
-  Outs out;
-  EXPECT_EQ(operation.call(player, out), result);
-  EXPECT_EQ(vm.trace, trace);
-  EXPECT_EQ(vm.log,
-            message.empty() ? std::vector<std::string>() : std::vector{logLine(message, operation.priority)});
-  EXPECT_FALSE(vm.pending);
-  const bool stores = operation.result != 'i' && result == 0;
-  EXPECT_TRUE(how.fails == Fails::Call || out.areUntouched() != stores);
-  vm = {};
+TarqDmrPlayerInterface& registeredPlayer() {
+  TarqDmrPlayerInterface& player = *TarqDmrInvokeJava::GetInstance();
+  player.AddCb(fakeEnvironment(), named<jobject>("handler"));
+  return player;
 }
 
-void expectEveryPath(TarqDmrPlayerInterface& player, const Operation& operation) {
-  const auto expect = [&](auto&&... expected) { expectCall(player, operation, expected...); };
-  const std::string method = operation.method;
-  const bool copies = operation.result == 's';
-  const int success = operation.result == 'i' ? kAnswer : 0;
+constexpr const char* kWithoutMetadata = "text3 class setNextDataSource call -class -text1 -text3 ";
+
+// One operation while something fails. `message`: the only one; empty: none.
+void expectCall(const Operation& operation, const FakeVm& how, int result, const std::string& trace,
+                const std::string& message = "") {
+  SCOPED_TRACE(trace);
+  vm = how;
+  outs = {};
+  EXPECT_EQ(operation.call(TarqDmrInvokeJava::GetInstance()), result);
+  EXPECT_EQ(vm.trace, trace);
+  const int priority = std::string_view(operation.name) == "getAction" ? ANDROID_LOG_ERROR : ANDROID_LOG_WARN;
+  EXPECT_EQ(vm.log, message.empty() ? Log() : Log{logLine(message, priority)});
+  EXPECT_FALSE(vm.pending);
+  EXPECT_TRUE(how.fails == Call || (outs == Outs()) == (*operation.stored == '\0' || result != 0));
+}
+
+TEST_ROWS(Player, ReleasesAndDetachesOnEveryPath, kOperations) {
+  registeredPlayer();
+  const std::string method = row.name;
+  const bool copies = method == "getPlaySpeedList" || method == "getAction";
   std::string taken = "env ";
   std::string given;
-  for (size_t i = 0; i < operation.texts; ++i) {
-    if (method != "setNextDataSource" || i != 1)
-      expect(FakeVm{.fails = Fails::Text, .failingText = i + 1}, 5,
-             taken + kTexts[i] + "! " + given + "detach");
+  for (size_t i = 0; i < row.strings; ++i) {
+    const bool dispensable = method == "setNextDataSource" && i == 1;
+    expectCall(row, {.fails = Text, .failingText = i + 1}, dispensable ? kAnswer : 5,
+               taken + kTexts[i] + "! " + (dispensable ? kWithoutMetadata : given) + "detach");
     taken += kTexts[i] + std::string(" ");
     given += std::string("-") + kTexts[i] + " ";
   }
+  const int success = *row.stored == '\0' ? kAnswer : 0;
   const std::string before = taken + "class " + method + " call";
   const std::string after = (copies ? " copy -class -answer " : " -class ") + given;
-  expect(FakeVm{}, success, before + after + "detach");
-  expect(FakeVm{.attaches = false}, success, before + after.substr(0, after.size() - 1));
-  expect(FakeVm{.fails = Fails::Detach}, success, before + after + "detach!", "Detach failed.");
-  expect(FakeVm{.fails = Fails::Call}, copies ? 9 : 0,
-         before + (copies ? "! copy" : "!") + " -class " + given + "detach");
-  expect(FakeVm{.fails = Fails::Environment}, 1, "env!", "Unknown Error: couldn't get JNIEnv");
-  expect(FakeVm{.fails = Fails::Class}, 3, taken + "class! " + given + "detach",
-         "Unknown Error: Lcom/orsa/tarq/dlna/TarqRendererHandler is not found");
-  expect(FakeVm{.fails = Fails::Method}, 3, taken + "class " + method + "! -class " + given + "detach",
-         std::string("Unknown Error: Failed to get the methodID of ") + operation.logName);
+  expectCall(row, {}, success, before + after + "detach");
+  if (copies) expectCall(row, {.answersNull = true}, 9, before + " copy -class detach");
+  expectCall(row, {.attaches = false}, success, before + after.substr(0, after.size() - 1));
+  expectCall(row, {.fails = Detach}, success, before + after + "detach!", "Detach failed.");
+  expectCall(row, {.fails = Call}, copies ? 9 : 0,
+             before + (copies ? "! copy" : "!") + " -class " + given + "detach");
+  expectCall(row, {.fails = Environment}, 1, "env!", "Unknown Error: couldn't get JNIEnv");
+  expectCall(row, {.fails = Class}, 3, taken + "class! " + given + "detach",
+             "Unknown Error: Lcom/orsa/tarq/dlna/TarqRendererHandler is not found");
+  const std::string logName = method.starts_with("update") ? "x_U" + method.substr(1) : method;
+  expectCall(row, {.fails = Method}, 3, taken + "class " + method + "! -class " + given + "detach",
+             "Unknown Error: Failed to get the methodID of " + logName);
+  TarqDmrInvokeJava::GetInstance()->RemoveCb(fakeEnvironment());
+  expectCall(row, {}, 10, "", "Invalid State: s_jCallback is NULL");
 }
 
-TEST_F(Player, ReleasesAndDetachesOnEveryPathOfManyThreads) {
-  std::vector<std::thread> threads;
-  for (int i = 0; i < 4; ++i) {
-    threads.emplace_back([this] {
-      for (int round = 0; round < 20; ++round)
-        for (const Operation& operation : kOperations) expectEveryPath(player_, operation);
-    });
-  }
-  for (std::thread& thread : threads) thread.join();
-  player_.RemoveCb(fakeEnvironment());
-  for (const Operation& operation : kOperations)
-    expectCall(player_, operation, {}, 10, "", "Invalid State: s_jCallback is NULL");
-}
-
-struct ArgumentCase {
+using I = TarqDmrPlayerInterface&;
+const struct {
   const char* name;
-  int (*call)(P player, O out);
-  int result;
-  const char* trace;
-  const char* null = nullptr;  // the argument that must not be null, tested before anything else
-  FakeVm how = {};
+  int (*call)(I player);
+  size_t strings;              // how many Java strings its arguments become
+  const char* null = nullptr;  // the required argument that is null
+} kArguments[] = {
+    {"NullUri", [](I p) { return p.SetDataSource(1, nullptr, "m", nullptr); }, 0, "pCurrentURI"},
+    {"NullType", [](I p) { return p.SetDataSource(1, "u", "m", nullptr); }, 0, "pCurrentContentType"},
+    {"NullNextUri", [](I p) { return p.SetNextDataSource(1, nullptr, "m", nullptr); }, 0, "pNextURI"},
+    {"NullNextType", [](I p) { return p.SetNextDataSource(1, "", "", nullptr); }, 0, "pNextContentType"},
+    {"NullSpeed", [](I p) { return p.Start(1, nullptr); }, 0, "pPlaySpeed"},
+    {"SetNoVolume", [](I p) { return p.SetVolume(1, nullptr, 2, 3); }, 0, "pChannel"},
+    {"GetNoVolume", [](I p) { return p.GetVolume(1, nullptr, 2, &outs.volume); }, 0, "pChannel"},
+    {"SetNoMute", [](I p) { return p.SetMute(1, nullptr, true); }, 0, "pChannel"},
+    {"GetNoMute", [](I p) { return p.GetMute(1, nullptr, outs.flag); }, 0, "pChannel"},
+    {"UriAlone", [](I p) { return p.SetDataSource(1, "u", nullptr, nullptr); }, 1},
+    {"EmptyUri", [](I p) { return p.SetDataSource(1, "", nullptr, nullptr); }, 1},
+    {"EmptyUriWithMetadata", [](I p) { return p.SetDataSource(1, "", "m", nullptr); }, 2},
+    {"EmptyMetadata", [](I p) { return p.SetDataSource(1, "u", "", nullptr); }, 2},
+    {"All", [](I p) { return p.SetDataSource(1, "u", "m", "t"); }, 3},
+    {"NoNextMetadata", [](I p) { return p.SetNextDataSource(1, "u", nullptr, "t"); }, 2},
+    {"NoPlaylists", [](I p) { return p.SetBreakAuxStreamPlaylist(1, 2, nullptr, nullptr); }, 0},
+    {"NullIsPassedOn", [](I p) { return p.PrepareForConnection(1, nullptr); }, 1},
 };
-
-constexpr const char* kUriOnly = "env text1 class setDataSource call -class -text1 detach";
-constexpr const char* kNoType = "env text1 text2 class setDataSource call -class -text1 -text2 detach";
-constexpr const char* kNextTexts = "env text1 text2 class setNextDataSource call -class -text1 -text2 detach";
-constexpr const char* kNextFails =
-    "env text1 text2! text3 class setNextDataSource call -class -text1 -text3 detach";
-constexpr const char* kPlaylist = "env class setBreakAuxStreamPlaylist call -class detach";
-const FakeVm kSecondTextFails = {.fails = Fails::Text, .failingText = 2};
-// clang-format off
-const ArgumentCase kArguments[] = {
-    {"NullUri", [](P p, O) { return p.SetDataSource(1, nullptr, "m", nullptr); }, 9, "", "pCurrentURI"},
-    {"NullType", [](P p, O) { return p.SetDataSource(1, "u", "m", nullptr); }, 9, "", "pCurrentContentType"},
-    {"NullNextUri", [](P p, O) { return p.SetNextDataSource(1, nullptr, "m", nullptr); }, 9, "", "pNextURI"},
-    {"NullNextType", [](P p, O) { return p.SetNextDataSource(1, "", nullptr, nullptr); }, 9, "", "pNextContentType"},
-    {"NullSpeed", [](P p, O) { return p.Start(1, nullptr); }, 9, "", "pPlaySpeed"},
-    {"SetNoVolume", [](P p, O) { return p.SetVolume(1, nullptr, 2, 3); }, 9, "", "pChannel"},
-    {"GetNoVolume", [](P p, O o) { return p.GetVolume(1, nullptr, 2, &o.volume); }, 9, "", "pChannel"},
-    {"SetNoMute", [](P p, O) { return p.SetMute(1, nullptr, true); }, 9, "", "pChannel"},
-    {"GetNoMute", [](P p, O o) { return p.GetMute(1, nullptr, o.flag); }, 9, "", "pChannel"},
-    {"UriAlone", [](P p, O) { return p.SetDataSource(1, "u", nullptr, nullptr); }, kAnswer, kUriOnly},
-    {"EmptyUri", [](P p, O) { return p.SetDataSource(1, "", nullptr, nullptr); }, kAnswer, kUriOnly},
-    {"EmptyUriWithMetadata", [](P p, O) { return p.SetDataSource(1, "", "m", nullptr); }, kAnswer, kNoType},
-    {"EmptyMetadata", [](P p, O) { return p.SetDataSource(1, "u", "", nullptr); }, kAnswer, kNoType},
-    {"NoNextMetadata", [](P p, O) { return p.SetNextDataSource(1, "u", nullptr, "t"); }, kAnswer, kNextTexts},
-    {"NextMetadataIsDispensable", [](P p, O) { return p.SetNextDataSource(1, "u", "m", "t"); }, kAnswer, kNextFails,
-     nullptr, kSecondTextFails},
-    {"NoPlaylists", [](P p, O) { return p.SetBreakAuxStreamPlaylist(1, 2, nullptr, nullptr); }, kAnswer, kPlaylist},
-    {"NullAnswer", [](P p, O o) { return p.GetAction(1, &o.text); }, 9, "env class getAction call copy -class detach",
-     nullptr, {.answersNull = true}},
-    {"SetDecibel", [](P p, O) { return p.SetVolumeDB(1, nullptr, 2, 3); }, 2, ""},
-    {"GetDecibel", [](P p, O o) { return p.GetVolumeDB(1, nullptr, 2, &o.number); }, 2, ""},
-};
-// clang-format on
-
-TEST_F(Player, TakesWhatMayBeMissingAndRefusesWhatMayNot) {
-  for (const ArgumentCase& row : kArguments) {
-    SCOPED_TRACE(row.name);
-    if (row.null != nullptr) player_.RemoveCb(fakeEnvironment());
-    vm = row.how;
-    Outs out;
-    EXPECT_EQ(row.call(player_, out), row.result);
-    EXPECT_EQ(vm.trace, row.trace);
-    EXPECT_TRUE(out.areUntouched());
-    EXPECT_EQ(vm.log, row.null == nullptr
-                          ? std::vector<std::string>()
-                          : std::vector{logLine(std::string("Invalid Argument: ") + row.null + " is NULL")});
-    player_.AddCb(fakeEnvironment(), named("handler"));
-  }
+TEST_ROWS(Player, Arguments, kArguments) {
+  TarqDmrPlayerInterface& player = registeredPlayer();
+  // A null argument is found before a missing handler.
+  if (row.null != nullptr) player.RemoveCb(fakeEnvironment());
+  vm = {};
+  outs = {};
+  EXPECT_EQ(row.call(player), row.null == nullptr ? kAnswer : 9);
+  EXPECT_EQ(vm.texts, row.strings);
+  EXPECT_EQ(vm.trace.empty(), row.null != nullptr);
+  EXPECT_TRUE(outs == Outs());
+  const std::string argument = row.null == nullptr ? "" : row.null;
+  EXPECT_EQ(vm.log, argument.empty() ? Log() : Log{logLine("Invalid Argument: " + argument + " is NULL")});
+  player.RemoveCb(fakeEnvironment());
 }
 
-TEST_F(Player, HoldsOneHandler) {
+TEST(Player, HoldsOneHandler) {
+  TarqDmrPlayerInterface& player = registeredPlayer();
   JNIEnv* env = fakeEnvironment();
   vm = {};
-  EXPECT_EQ(player_.AddCb(env, named("another")), 10);
-  EXPECT_EQ(player_.AddCb(env, nullptr), 10);
-  EXPECT_EQ(player_.RemoveCb(env), 0);
-  EXPECT_EQ(player_.RemoveCb(env), 10);
-  EXPECT_EQ(player_.AddCb(env, nullptr), 10);
-  vm.fails = Fails::Class;
-  EXPECT_EQ(player_.AddCb(env, named("handler")), 5);
-  vm.fails = Fails::Nothing;
-  EXPECT_EQ(player_.AddCb(env, named("handler")), 0);
-  EXPECT_EQ(vm.trace, "-global global! global");
-  EXPECT_THAT(vm.log, ElementsAre(logLine("Invalid State: s_jCallback is NULL"),
-                                  logLine("Invalid State: jobject is NULL"),
-                                  logLine("No Memory: NewGlobalRef failed")));
+  EXPECT_EQ(player.AddCb(env, named<jobject>("another")), 10);
+  EXPECT_EQ(player.AddCb(env, nullptr), 10);
+  EXPECT_EQ(player.RemoveCb(env), 0);
+  EXPECT_EQ(player.RemoveCb(env), 10);
+  EXPECT_EQ(player.AddCb(env, nullptr), 10);
+  vm.fails = Class;
+  EXPECT_EQ(player.AddCb(env, named<jobject>("handler")), 5);
+  vm.fails = Nothing;
+  EXPECT_EQ(player.AddCb(env, named<jobject>("handler")), 0);
+  player.RemoveCb(env);
+  EXPECT_EQ(vm.trace, "-global global! global -global");
+  EXPECT_THAT(vm.log, testing::ElementsAre(logLine("Invalid State: s_jCallback is NULL"),
+                                           logLine("Invalid State: jobject is NULL"),
+                                           logLine("No Memory: NewGlobalRef failed")));
 }
 
 }  // namespace

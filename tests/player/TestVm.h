@@ -9,7 +9,7 @@
 #include "LoadedPlugin.h"
 #include "TarqJniUtil.h"
 
-// The VM of the test program; the program's end waits for it.
+// The VM of the test program, which waits for it at its end.
 inline JNIEnv& testEnv() {
   static const JavaVm vm({RENDERER_JAR, TEST_JAR}, {"-Xcheck:jni"});
   return vm.env();
@@ -30,7 +30,7 @@ class PlayerOf {
   TarqDmrPlayerInterface* object() const { return player_; }
   JavaHandler& handler() { return handler_; }
 
-  // What a method of the handler without arguments says.
+  // Returns: the string that a method of the handler without arguments returns.
   std::string ask(const char* method) const {
     JNIEnv& env = testEnv();
     env.PushLocalFrame(4);
@@ -40,10 +40,10 @@ class PlayerOf {
     char* text = nullptr;
     if (!env.ExceptionCheck()) TarqJniUtil::NewCString(&env, string, &text);
     env.PopLocalFrame(nullptr);
-    return text == nullptr ? "no text" : taken(text);
+    return text == nullptr ? "no string" : taken(text);
   }
 
-  // The text that an operation handed out.
+  // Returns: a string that an operation returned, which is freed.
   static std::string taken(char* text) {
     const std::string copy = text;
     std::free(text);

@@ -45,9 +45,8 @@ class LoopbackListener {
 };
 
 // Answers each connection with raw bytes, so that it can misbehave as real servers do. It reads one request,
-// records it, plays the answer and closes.
-// Threads: one for each connection, as long as it is open; the answer is played on it. The destructor cuts
-// all connections.
+// records it, sends the answer and closes the connection. The destructor closes all connections.
+// Threads: one for each open connection, on which the answer is sent.
 class RawHttpServer {
  public:
   class Connection {
@@ -56,8 +55,9 @@ class RawHttpServer {
       for (char byte; !request_.ends_with("\r\n\r\n") && recv(fd_, &byte, 1, 0) == 1;) request_ += byte;
     }
     const std::string& request() const { return request_; }
-    std::string path() const { return request_.substr(5, request_.find(" HTTP") - 5); }  // of a HEAD
-    // False: the client is gone.
+    // Of a HEAD request.
+    std::string path() const { return request_.substr(5, request_.find(" HTTP") - 5); }
+    // Returns: false when the client has closed the connection.
     bool send(std::string_view text) {
       while (!text.empty()) {
         const ssize_t sent = ::send(fd_, text.data(), text.size(), MSG_NOSIGNAL);
@@ -66,20 +66,21 @@ class RawHttpServer {
       }
       return true;
     }
-    // True: the client closed within `limit`.
+    // Returns: whether the client closed the connection within `limit`.
     bool closedWithin(std::chrono::milliseconds limit) {
       pollfd waiting{fd_, POLLIN, 0};
       char byte;
       return poll(&waiting, 1, static_cast<int>(limit.count())) > 0 && recv(fd_, &byte, 1, 0) <= 0;
     }
-    // One byte after the other. False: the client is gone.
+    // Sends one byte at a time.
+    // Returns: false when the client has closed the connection.
     bool sendSlowly(std::string_view text, std::chrono::milliseconds pause) {
       for (const char byte : text) {
         if (!send({&byte, 1}) || closedWithin(pause)) return false;
       }
       return true;
     }
-    // The end of the connection becomes a reset.
+    // Makes the end of the connection a reset.
     void resetOnClose() {
       const linger none{1, 0};
       setsockopt(fd_, SOL_SOCKET, SO_LINGER, &none, sizeof none);
@@ -96,7 +97,8 @@ class RawHttpServer {
       : RawHttpServer([text = std::move(answer)](Connection& client) { client.send(text); }) {}
 
   ~RawHttpServer() {
-    shutdown(listener_.fd(), SHUT_RDWR);  // ends accept()
+    // Ends `accept`.
+    shutdown(listener_.fd(), SHUT_RDWR);
     acceptor_.join();
     std::unique_lock lock(mutex_);
     for (const int fd : open_) shutdown(fd, SHUT_RDWR);
@@ -109,7 +111,7 @@ class RawHttpServer {
     const std::lock_guard lock(mutex_);
     return requests_;
   }
-  // True: every connection came to its end within `limit`.
+  // Returns: whether every connection ended within `limit`.
   bool allClosedWithin(std::chrono::milliseconds limit) {
     std::unique_lock lock(mutex_);
     return changed_.wait_for(lock, limit, [this] { return open_.empty(); });
@@ -134,7 +136,8 @@ class RawHttpServer {
     const std::lock_guard lock(mutex_);
     open_.remove(fd);
     close(fd);
-    changed_.notify_all();  // still locked: the server may be gone right after
+    // Still locked, because the server may be destroyed right after.
+    changed_.notify_all();
   }
 
   LoopbackListener listener_;
@@ -143,7 +146,8 @@ class RawHttpServer {
   std::condition_variable changed_;
   std::list<int> open_;
   std::vector<std::string> requests_;
-  std::thread acceptor_;  // last: it uses all of the above
+  // The last member, because it uses all others.
+  std::thread acceptor_;
 };
 
 #endif  // RAW_HTTP_SERVER_H_

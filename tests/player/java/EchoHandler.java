@@ -1,14 +1,14 @@
 import com.orsa.tarq.dlna.TarqRendererHandler;
 import java.util.Arrays;
 
-/** Remembers the last call and answers with its id; throws where the id is 13. */
+/** Remembers the last call and returns its id; throws when the id is 13. */
 public class EchoHandler extends TarqRendererHandler {
   private volatile String last = "";
 
   private int echo(String method, Object... arguments) {
     last = method + Arrays.toString(arguments);
     int id = (Integer) arguments[0];
-    if (id == 13) throw new IllegalStateException("as the test wants it");
+    if (id == 13) throw new IllegalStateException("as the test expects");
     return id;
   }
 

@@ -7,13 +7,13 @@ import java.util.Map;
 import java.util.Set;
 
 /**
- * A renderer for the desk: it keeps the state of one transport as a real player would, whatever the
- * id, and lets another program do the playing when it is given one. Without one nothing is heard; the
- * position runs all the same.
+ * A handler for a workstation: it keeps the state of one transport as a real player would, whatever
+ * the id. Playing is left to an external program, if one is set; without one nothing is heard, but the
+ * position advances.
  *
- * <p>A track is over when its position reaches its duration, or when its program has ended. A track of
- * unknown duration without a program goes on until it is stopped. That a track is over is noticed when
- * the handler is called next.
+ * <p>A track ends when its position reaches its duration, or when its program ends. Without a program,
+ * a track of unknown duration plays until it is stopped. The handler notices the end of a track at the
+ * next call.
  */
 public final class DesktopRendererHandler extends TarqRendererHandler {
   /** The program could not be started. */
@@ -33,44 +33,46 @@ public final class DesktopRendererHandler extends TarqRendererHandler {
   private final Map<String, Integer> volumes = new HashMap<>();
   private final Map<String, Boolean> mutes = new HashMap<>();
   private final Playhead playhead = new Playhead();
-  private ExternalProgram program; // null: none plays
+  private ExternalProgram program; // null: no program is set
   private String uri = ""; // empty: nothing to play
-  private String nextUri = "";
+  private String queuedUri = ""; // empty: nothing to play next
   private int durationMs; // 0: not known
   private int state = STOPPED;
 
-  /** Plays every track from now on through that program: see {@link ExternalProgram}. */
+  /** Plays every track from now on with that program: see {@link ExternalProgram}. */
   public synchronized void setProgram(String command) {
     halt();
     program = new ExternalProgram(command);
   }
 
-  /** The duration of the current source, for whoever knows it. */
+  /** Sets the duration of the current source, which the caller knows from its metadata. */
   public synchronized void setTrackDuration(int milliseconds) {
     durationMs = Math.max(milliseconds, 0);
   }
 
   @Override
-  public synchronized int setDataSource(int id, String newUri, String metadata, String contentType) {
-    if (!isPlayable(newUri)) return INVALID_ARGUMENT;
+  public synchronized int setDataSource(
+      int id, String currentUri, String currentUriMetadata, String currentContentType) {
+    if (!isPlayable(currentUri)) return INVALID_ARGUMENT;
     halt();
-    load(newUri);
-    nextUri = "";
+    load(currentUri);
+    queuedUri = "";
     return OK;
   }
 
   @Override
-  public synchronized int setNextDataSource(int id, String newUri, String metadata, String contentType) {
-    if (!isPlayable(newUri)) return INVALID_ARGUMENT;
+  public synchronized int setNextDataSource(
+      int id, String nextUri, String nextUriMetadata, String nextContentType) {
+    if (!isPlayable(nextUri)) return INVALID_ARGUMENT;
     settle();
-    nextUri = newUri;
+    queuedUri = nextUri;
     return OK;
   }
 
   @Override
-  public synchronized int start(int id, String speed) {
+  public synchronized int start(int id, String playSpeed) {
     settle();
-    Double factor = SPEEDS.get(speed);
+    Double factor = SPEEDS.get(playSpeed);
     if (factor == null || (program != null && factor != 1)) return INVALID_ARGUMENT;
     if (uri.isEmpty()) return INVALID_STATE;
     return state == STOPPED ? begin(factor) : run(factor);
@@ -105,7 +107,7 @@ public final class DesktopRendererHandler extends TarqRendererHandler {
   @Override
   public synchronized int next(int id) {
     settle();
-    if (nextUri.isEmpty()) return INVALID_STATE;
+    if (queuedUri.isEmpty()) return INVALID_STATE;
     return takeNext();
   }
 
@@ -154,7 +156,7 @@ public final class DesktopRendererHandler extends TarqRendererHandler {
   public synchronized String getAction(int id) {
     settle();
     if (uri.isEmpty()) return "";
-    String next = nextUri.isEmpty() ? "" : ",Next";
+    String next = queuedUri.isEmpty() ? "" : ",Next";
     if (state == STOPPED) return "Play" + next;
     if (program != null) return "Stop" + next;
     return (state == PLAYING ? "Play,Stop,Pause,Seek" : "Play,Stop,Seek") + next;
@@ -166,15 +168,15 @@ public final class DesktopRendererHandler extends TarqRendererHandler {
     return durationMs;
   }
 
-  /** Programs take what begins with "-" for an option. */
+  /** A program would take a URI that begins with "-" for an option. */
   private static boolean isPlayable(String uri) {
     return !uri.startsWith("-");
   }
 
-  /** Moves on when the track is over. */
+  /** Goes on to the next source when the track is over. */
   private void settle() {
     if (state != PLAYING || !isOver()) return;
-    if (nextUri.isEmpty()) {
+    if (queuedUri.isEmpty()) {
       halt();
     } else {
       takeNext();
@@ -189,8 +191,8 @@ public final class DesktopRendererHandler extends TarqRendererHandler {
   private int takeNext() {
     boolean wasPlaying = state == PLAYING;
     halt();
-    load(nextUri);
-    nextUri = "";
+    load(queuedUri);
+    queuedUri = "";
     return wasPlaying ? begin(1) : OK;
   }
 

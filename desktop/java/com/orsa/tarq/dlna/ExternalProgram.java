@@ -9,19 +9,19 @@ import java.util.regex.Matcher;
 import java.util.regex.Pattern;
 
 /**
- * A program that plays one URI and ends when it is over. No shell is involved: what is in a URI stays
- * one argument. It reads nothing and its output is dropped; its errors go to standard error.
+ * A program that plays one URI and then ends. No shell is involved, so a URI is always one argument.
+ * The program has no input, its output is discarded, and its errors go to standard error.
  */
 final class ExternalProgram {
   private static final Pattern ARGUMENT = Pattern.compile("\"([^\"]*)\"|'([^']*)'|(\\S+)");
   private static final long GRACE_MS = 2000;
 
   private final List<String> arguments = new ArrayList<>();
-  private Process process; // null: none was started
+  private Process process; // null: no program was started
 
   /**
-   * @param command program and arguments separated by blanks; quotes around a whole argument keep the
-   *     blanks in it; {uri} stands for what to play
+   * @param command program and arguments, separated by blanks; an argument with blanks is put in
+   *     quotes; {uri} is replaced by the URI to play
    */
   ExternalProgram(String command) {
     for (Matcher matcher = ARGUMENT.matcher(command); matcher.find(); ) {
@@ -33,7 +33,7 @@ final class ExternalProgram {
 
   void start(String uri) throws IOException {
     List<String> command = arguments.stream().map(each -> each.replace("{uri}", uri)).toList();
-    if (command.isEmpty()) throw new IOException("no program is named");
+    if (command.isEmpty()) throw new IOException("no program was specified");
     process =
         new ProcessBuilder(command)
             .redirectInput(new File("/dev/null"))
@@ -46,7 +46,7 @@ final class ExternalProgram {
     return process != null && process.isAlive();
   }
 
-  /** Returns when the program is gone; what it started itself is asked to go too. */
+  /** Ends the program, and asks the programs that it started to end. */
   void stop() {
     if (!isRunning()) return;
     process.descendants().forEach(ProcessHandle::destroy);

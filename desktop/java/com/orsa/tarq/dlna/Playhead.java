@@ -1,21 +1,21 @@
 package com.orsa.tarq.dlna;
 
-/** A position in a track that moves with the play speed. Used by one thread at a time. */
+/** A position in a track that advances at the play speed. Used by one thread at a time. */
 final class Playhead {
   private double baseMs;
   private long sinceNs;
-  private double speed; // 0: it stands still
+  private double speed; // 0: the position does not advance
 
   double positionMs() {
     return baseMs + (System.nanoTime() - sinceNs) / 1e6 * speed;
   }
 
-  /** Goes on from where it is. */
+  /** Advances at that speed from the current position on. */
   void run(double newSpeed) {
     place(positionMs(), newSpeed);
   }
 
-  /** Goes on from there, as fast as before. */
+  /** Moves to that position; the speed stays. */
   void jump(double ms) {
     place(ms, speed);
   }

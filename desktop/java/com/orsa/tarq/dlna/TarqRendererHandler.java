@@ -2,24 +2,22 @@ package com.orsa.tarq.dlna;
 
 /**
  * The player of a renderer application: every transport, rendering and connection action that a
- * control point sends ends in a call of one method here. Derive a class from this one, override what
- * your player can do, and register one object of it.
+ * control point sends calls one method of this class. Derive a class, override what your player can
+ * do, and register one object of it. This class itself can do nothing and says so.
  *
- * <p><b>Threads.</b> Calls come on the host's threads, several may come at once, and a thread need
- * not be the one of the call before. The control point waits for the answer: hand long work to a
- * thread of your own.
+ * <p><b>Threads.</b> Calls come on the host's threads, several may come at once, and each may come on
+ * another thread. The control point waits for the result: do long work on a thread of your own.
  *
- * <p><b>Answers.</b> Methods that do something answer one of the codes below, {@link #OK} for success;
- * a code of your own (from 100 up) reaches the host unchanged. Codes 1 and 3 mean that the handler was
- * not reached at all; do not answer them. Methods that ask for something answer the value, and have no
- * way to fail. No method may throw: the exception would be dropped and the answer be 0 or null.
+ * <p><b>Results.</b> A method that does something returns one of the codes below, {@link #OK} for
+ * success; your own codes (100 and above) reach the host unchanged. Do not return 1 or 3: these codes
+ * mean that the handler was not reached. A method that asks for something returns the value and cannot
+ * report an error. No method may throw: the exception would be dropped and the result would be 0 or
+ * null.
  *
- * <p><b>Arguments.</b> {@code id} numbers the transport, or for the two connection methods the
- * connection; a renderer with one transport gets 0. It is an unsigned number: above 2147483647 it
- * arrives negative. Texts may be null only where it says so. Bytes that were no valid UTF-8 arrive as
- * U+FFFD. All texts were written by a device on the network: trust none of them.
- *
- * <p>As it stands the class is a player that can do nothing and says so.
+ * <p><b>Arguments.</b> {@code id} is the number of the transport, or of the connection for the two
+ * connection methods; it is 0 in a renderer with one transport. It is unsigned: above 2147483647 it
+ * arrives negative. A string is never null unless its description says so. Bytes that are not valid
+ * UTF-8 arrive as U+FFFD. Every string was written by a device on the network: trust none of them.
  */
 public class TarqRendererHandler {
   public static final int OK = 0;
@@ -33,31 +31,34 @@ public class TarqRendererHandler {
   public static final int PAUSED = 2;
 
   /**
-   * What to play from now on, instead of what was there before.
+   * Sets what to play from now on.
    *
-   * @param uri the chosen resource; empty: nothing
-   * @param metadata DIDL-Lite of the item, or null
-   * @param contentType MIME type, or null when nothing is known but the URI
+   * @param currentUri the chosen resource; empty: nothing
+   * @param currentUriMetadata DIDL-Lite of the item, or null
+   * @param currentContentType MIME type, or null when only the URI is known
    */
-  public int setDataSource(int id, String uri, String metadata, String contentType) {
+  public int setDataSource(
+      int id, String currentUri, String currentUriMetadata, String currentContentType) {
     return NOT_SUPPORTED;
   }
 
   /**
-   * What to play after the current source has ended.
+   * Sets what to play after the current source.
    *
-   * @param metadata DIDL-Lite of the item, or null
+   * @param nextUriMetadata DIDL-Lite of the item, or null
    */
-  public int setNextDataSource(int id, String uri, String metadata, String contentType) {
+  public int setNextDataSource(
+      int id, String nextUri, String nextUriMetadata, String nextContentType) {
     return NOT_SUPPORTED;
   }
 
   /**
-   * Plays, or goes on after a pause.
+   * Plays, or resumes after a pause.
    *
-   * @param speed one of {@link #getPlaySpeedList}: "1" is normal, "1/2" half of it, "-2" twice backwards
+   * @param playSpeed one of {@link #getPlaySpeedList}: "1" is normal, "1/2" half speed, "-2" double
+   *     speed backwards
    */
-  public int start(int id, String speed) {
+  public int start(int id, String playSpeed) {
     return NOT_SUPPORTED;
   }
 
@@ -76,7 +77,7 @@ public class TarqRendererHandler {
     return NOT_SUPPORTED;
   }
 
-  /** Leaves the current source for the next one. */
+  /** Changes from the current source to the next one. */
   public int next(int id) {
     return NOT_SUPPORTED;
   }
@@ -96,16 +97,16 @@ public class TarqRendererHandler {
   }
 
   /**
-   * @param channel "Master", "LF", "RF" or another of the UPnP channel names
+   * @param channel "Master", "LF", "RF" or another UPnP channel name
    * @param volume 0 to 100
-   * @param qualifier the host's second number, passed through; a simple player ignores it
+   * @param qualifier the host's second number, passed on unchanged; a simple player ignores it
    */
   public int setVolume(int id, String channel, int volume, int qualifier) {
     return NOT_SUPPORTED;
   }
 
   /**
-   * @param qualifier the host's number, passed through; a simple player ignores it
+   * @param qualifier the host's number, passed on unchanged; a simple player ignores it
    * @return 0 to 100
    */
   public int getVolume(int id, String channel, int qualifier) {
@@ -121,14 +122,14 @@ public class TarqRendererHandler {
   }
 
   /**
-   * @return the speeds that {@link #start} takes, separated by commas
+   * @return the speeds that {@link #start} accepts, separated by commas
    */
   public String getPlaySpeedList(int id) {
     return "1";
   }
 
   /**
-   * @return the UPnP names of the actions possible now ("Play,Seek"), separated by commas
+   * @return the UPnP names of the actions that are possible now ("Play,Seek"), separated by commas
    */
   public String getAction(int id) {
     return "";
@@ -136,7 +137,7 @@ public class TarqRendererHandler {
 
   /**
    * @param number the host's number of the audio stream, unsigned
-   * @param selection the host's description of it
+   * @param selection the host's description of the stream
    */
   public int updateAudioSelection(int id, int number, String selection) {
     return NOT_SUPPORTED;
@@ -144,13 +145,13 @@ public class TarqRendererHandler {
 
   /**
    * @param number the host's number of the video stream, unsigned
-   * @param selection the host's description of it
+   * @param selection the host's description of the stream
    */
   public int updateVideoSelection(int id, int number, String selection) {
     return NOT_SUPPORTED;
   }
 
-  /** A media server is about to be connected: the last moment to refuse. */
+  /** A media server is about to connect: the last moment to refuse it. */
   public int prepareForConnection(int id, String protocolInfo) {
     return OK;
   }
@@ -160,16 +161,22 @@ public class TarqRendererHandler {
   }
 
   /**
-   * A playlist to break into the current stream with.
+   * Sets a playlist that interrupts the current stream.
    *
-   * @param first the host's first text, or null
-   * @param second the host's second text, or null
+   * @param number the host's number, passed on unchanged
+   * @param playlist the host's first string, passed on unchanged, or null
+   * @param detail the host's second string, passed on unchanged, or null
    */
-  public int setBreakAuxStreamPlaylist(int id, int number, String first, String second) {
+  public int setBreakAuxStreamPlaylist(int id, int number, String playlist, String detail) {
     return NOT_SUPPORTED;
   }
 
-  /** When to break into the current stream. Both numbers are the host's; the first is unsigned. */
+  /**
+   * Sets when the current stream is interrupted.
+   *
+   * @param number the host's number, passed on unchanged, unsigned
+   * @param trigger the host's second number, passed on unchanged
+   */
   public int setBreakAuxStreamTrigger(int id, int number, long trigger) {
     return NOT_SUPPORTED;
   }

@@ -7,13 +7,13 @@
 
 // A UPnP protocolInfo string split into its four fields: protocol ":" network ":" content format ":"
 // additional info. Only the first three ":" split.
-// Ownership: the object copies the first three fields; the last one is the end of the string itself, which
-//   must outlive the object and whoever refers to that field.
+// Ownership: the object copies the string; the fields live as long as the object.
 // Threads: const operations may run at once on any threads.
 // Source: ConnectionManager:1, 2.5.2.
 class TARQ_HOST_API VondProtocolInfo {
  public:
   // Null: not valid.
+  // Errors: not valid on allocation failure.
   explicit VondProtocolInfo(const char* string) noexcept;
   ~VondProtocolInfo();
   VondProtocolInfo(const VondProtocolInfo&) = delete;
@@ -29,7 +29,7 @@ class TARQ_HOST_API VondProtocolInfo {
 
  private:
   static constexpr int kFields = 4;
-  static constexpr size_t kInlineBytes = 128;
+  static constexpr size_t kInlineBytes = 256;
 
   char* copy_ = nullptr;
   const char* fields_[kFields] = {};

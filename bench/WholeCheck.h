@@ -7,7 +7,8 @@
 
 #include "TarqDmrPluginManager.h"
 
-// One check from a new checker to its deletion. The plug-in is loaded. Returns: the chosen `res`.
+// One check from a new checker to its deletion. The plug-in is loaded.
+// Returns: the chosen `res`.
 inline int wholeCheck(const std::string& metadata) {
   const std::unique_ptr<TarqResourceCheckerInterface> checker(
       TarqDmrPluginManager::GetInstance()->GetParams()->CreateResourceChecker());

@@ -78,13 +78,13 @@ class TarqDmrPlayerInterface {
   virtual int SetMute(unsigned int id, const char* pChannel, bool mute) = 0;
   virtual int GetMute(unsigned int id, const char* pChannel, bool& mute) = 0;
 
-  // Returns: what TarqJniUtil::NewCString returns; libtarq's returns kPlayerInvalidArgument when the handler
-  //   returned null.
+  // Returns: what TarqJniUtil::NewCString returns; libtarq's returns kPlayerInvalidArgument when the
+  //   handler returned null.
   virtual int GetPlaySpeedList(unsigned int id, char** speeds) = 0;
   virtual int GetAction(unsigned int id, char** actions) = 0;
 
-  // Null: these three pass a null string on to TarqJniUtil::NewJStringUTF8s; with libtarq's the result is
-  //   kPlayerOutOfMemory.
+  // Null: these three pass a null string on to TarqJniUtil::NewJStringUTF8s; with libtarq's the
+  //   result is kPlayerOutOfMemory.
   virtual int X_UpdateAudioSelection(unsigned int id, unsigned int number, const char* selection) = 0;
   virtual int X_UpdateVideoSelection(unsigned int id, unsigned int number, const char* selection) = 0;
   virtual int PrepareForConnection(unsigned int id, const char* protocolInfo) = 0;

@@ -20,7 +20,8 @@ void addJson(CLI::App& command, bool& json, const char* description);
 CLI::Option* addUri(CLI::App& command, std::string& uri);
 CLI::Option* addMetadata(CLI::App& command, OptionalFile& file);
 
-// The URI and --metadata, or --batch instead of both. Returns: --batch.
+// The URI and --metadata, or --batch instead of both.
+// Returns: --batch.
 CLI::Option* addUriOrBatch(CLI::App& command, std::string& uri, OptionalFile& metadata, OptionalFile& batch,
                            const char* batchDescription);
 

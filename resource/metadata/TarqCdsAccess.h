@@ -6,7 +6,8 @@
 //
 // Null: whatever is missing (document, object, property, attribute, resolution) is a null pointer. Parameters
 //   are not null unless their function says so.
-// Ownership: whoever parses a result or a resolution destroys it. Everything read from a result belongs to it.
+// Ownership: whoever parses a result or a resolution destroys it. Everything read from a result
+//   belongs to it.
 // Threads: a result and everything read from it is used by one thread at a time.
 // Errors: null; nothing is logged. Strings are UTF-8.
 
@@ -29,7 +30,8 @@ int TARQ_Object_NumOfProperties(const TARQ_Object* object, const unsigned char* 
 // Returns: the string content of the `index`-th (from 0) property of that name.
 const unsigned char* TARQ_Object_GetPropertyValue(const TARQ_Object* object, const unsigned char* name,
                                                   unsigned int index);
-// Returns: an attribute of that property; of the object element itself, whatever the index, when `name` is null.
+// Returns: an attribute of that property; of the object element itself, whatever the index, when
+//   `name` is null.
 const unsigned char* TARQ_Object_GetAttributeValue(const TARQ_Object* object, const unsigned char* name,
                                                    unsigned int index, const unsigned char* attribute);
 

@@ -6,7 +6,7 @@
 #include <cstring>
 
 #include "FourthField.h"
-#include "VondHspClient.h"
+#include "VondHspError.h"
 #include "ZylInet.h"
 
 namespace {

@@ -9,15 +9,16 @@
 #include <thread>
 #include <vector>
 
-// Does numbered work on several threads and delivers the results in the order of the numbers. The threads
-// stay from one run to the next: on a busy machine a new thread may not start before its work is done by
-// others. Threads: `run` on the thread that made the object, which does its share of the work.
+// Does numbered work on several threads and delivers the results in the order of the numbers. The
+// threads stay from one run to the next: on a busy machine a new thread may not start before its work
+// is done by others.
+// Threads: `run` on the thread that made the object, which does its share of the work.
 class OrderedWorkers {
  public:
   using Step = std::function<void(size_t number)>;
 
-  // `work` runs on any thread and must not throw; `deliver` runs on the caller's. Numbers are below
-  // `capacity`.
+  // `work` runs on any thread and must not throw; `deliver` runs on the caller's. Numbers
+  // are below `capacity`.
   OrderedWorkers(int threads, size_t capacity, Step work, Step deliver);
   ~OrderedWorkers();
   OrderedWorkers(const OrderedWorkers&) = delete;

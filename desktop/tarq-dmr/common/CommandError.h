@@ -3,8 +3,8 @@
 
 #include <stdexcept>
 
-// How a command ends: it returns an exit code or throws. Results go to standard output, everything else to
-// standard error.
+// How a command ends: it returns an exit code or throws. Results go to standard output, everything else
+// to standard error.
 
 enum ExitCode : int { kExitOk = 0, kExitRefused = 1, kExitUsage = 2 };
 

@@ -16,8 +16,8 @@ struct PlayMoment {
 
 std::string describe(const PlayMoment& moment);  // "playing  0:00:07 / 0:42:07"
 
-// Shows on standard output how far a track is: one line that changes on a terminal, otherwise one more line
-// each second.
+// Shows on standard output how far a track is: one line that changes on a terminal, otherwise one more
+// line each second.
 class PlayProgress {
  public:
   PlayProgress();

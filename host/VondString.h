@@ -46,6 +46,7 @@ class TARQ_HOST_API VondString {
 
   void assign(const char* string, size_t length) noexcept;
   char* reserve(size_t length) noexcept;
+  char* grow(size_t length) noexcept;
   void take(VondString& other) noexcept;
   void release() noexcept {  // becomes absent
     if (capacity_ != 0) std::free(data_);

@@ -151,7 +151,7 @@ int TarqResourceChecker::selectResource(const char* metadata, TarqResource& reso
   resource.size = orEmpty(resAttribute(object, index, "size"));
   resource.duration = orEmpty(resAttribute(object, index, "duration"));
   resource.reserved = "";
-  readOperation(record.fourthField.c_str(), resource.operation);
+  readOperation(record.fourthField, resource.operation);
   return 0;
 }
 

@@ -41,16 +41,15 @@ constexpr auto kMusicMimeTypes = std::to_array<MusicMimeType>({
     {"application/ogg", "OggVorbis", kApplicationOggFirstPosition},
 });
 
-using NameMatch = bool (*)(std::string_view name, std::string_view wanted);
-constexpr NameMatch kEquals = [](std::string_view name, std::string_view wanted) { return name == wanted; };
-constexpr NameMatch kBegins = [](std::string_view name, std::string_view wanted) {
+constexpr auto kEquals = [](std::string_view name, std::string_view wanted) { return name == wanted; };
+constexpr auto kBegins = [](std::string_view name, std::string_view wanted) {
   return name.starts_with(wanted);
 };
 
 // The first row whose profile name `matches` the record's; of a record without a name, whose MIME type the
 // record's begins with.
-template <class Table>
-const NamedFormat* findFormat(const Table& table, const TarqDlnaResMetadata& record, NameMatch matches) {
+template <class Table, class Matches>
+const NamedFormat* findFormat(const Table& table, const TarqDlnaResMetadata& record, Matches matches) {
   const bool named = record.dlnaPn.c_str() != nullptr;
   const std::string_view key = viewOf(named ? record.dlnaPn : record.mimeType);
   const auto row = std::ranges::find_if(table, [&](const NamedFormat& candidate) {

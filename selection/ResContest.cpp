@@ -46,8 +46,8 @@ void NearestFullHd::offer(int candidate, const PictureSize& size) {
   }
 }
 
-bool declaresByteSeek(const VondString& fourthField) {
-  const VondPI4thField parameters(fourthField.c_str());
+bool declaresByteSeek(const char* fourthField) {
+  const VondPI4thField parameters(fourthField);
   const char* operations = parameters.IsValid() ? parameters.GetParameter(kOperations) : nullptr;
   if (operations == nullptr) return false;
   const std::string_view value = operations;

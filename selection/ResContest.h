@@ -93,6 +93,6 @@ struct NamedFormat {
 
 // Whether the fourth field declares byte seek: DLNA.ORG_OP agrees with "01" or "11" over its own length, so
 // that servers which write "1", "0" or nothing after the "=" pass too.
-bool declaresByteSeek(const VondString& fourthField);
+bool declaresByteSeek(const char* fourthField);
 
 #endif  // RES_CONTEST_H_

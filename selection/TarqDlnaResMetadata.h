@@ -8,13 +8,13 @@
 
 // What a selection knows of one `res` element. Record i of an array describes element i of the object.
 // Null: a string is absent until it is read. Strings stay in the case in which the server wrote them.
-// Ownership: the record owns its `VondString`s; `resolution` belongs to the document and `format`
+// Ownership: the record owns its `VondString`s; `fourthField` and `resolution` belong to the document, `format`
 //   is a constant.
 struct TarqDlnaResMetadata {
-  VondString mimeType;           // the content format; of link-protected content its CONTENTFORMAT parameter
-  VondString fourthField;        // whole
-  const char* format = nullptr;  // written by the contests: what the renderer would play it as
-  VondString dlnaPn;             // the three profile names of the fourth field
+  VondString mimeType;  // the content format; of link-protected content its CONTENTFORMAT parameter
+  const char* fourthField = nullptr;  // whole
+  const char* format = nullptr;       // written by the contests: what the renderer would play it as
+  VondString dlnaPn;                  // the three profile names of the fourth field
   VondString orsaPn;
   VondString aribPn;
   VondString extension;              // of the last path segment of the URL

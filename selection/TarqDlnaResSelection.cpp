@@ -36,6 +36,17 @@ bool readMimeType(const char* contentFormat, TarqDlnaResMetadata& record) {
   return true;
 }
 
+// The fourth protocolInfo field as the document has it: everything after the third colon.
+// Null: returned when there are fewer colons.
+const char* afterThirdColon(const char* protocolInfo) {
+  const char* rest = protocolInfo;
+  for (int colons = 0; colons < 3 && rest != nullptr; ++colons) {
+    rest = std::strchr(rest, ':');
+    if (rest != nullptr) ++rest;
+  }
+  return rest;
+}
+
 void readParameters(const VondPI4thField& parameters, TarqDlnaResMetadata& record) {
   record.dlnaPn = parameters.GetParameter(kDlnaPn);
   record.orsaPn = parameters.GetParameter(kOrsaPn);
@@ -97,9 +108,9 @@ ResSkip TarqDlnaResSelection::readRecord(const TARQ_Object* object, unsigned int
   if (!readMimeType(fields.GetField(3), record)) return ResSkip::kBadContentFormat;
   getFileExtension(url, record.extension);
 
-  record.fourthField = fields.GetField(4);
-  if (record.fourthField.c_str() == nullptr) return ResSkip::kNone;  // its MIME type may still win a contest
-  const VondPI4thField parameters(record.fourthField.c_str());
+  if (fields.GetField(4) == nullptr) return ResSkip::kNone;  // its MIME type may still win a contest
+  record.fourthField = afterThirdColon(protocolInfo);
+  const VondPI4thField parameters(record.fourthField);
   if (!parameters.IsValid()) return ResSkip::kBadFourthField;
   readParameters(parameters, record);
   classifyMedia(attributes, record);

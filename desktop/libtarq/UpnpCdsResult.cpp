@@ -140,7 +140,7 @@ class ElementObject final : public UpnpAvObject {
   const Properties* propertiesNamed(const char* name) const try {
     if (name == nullptr) return nullptr;
     for (const NamedProperties& known : known_)
-      if (known.name == name) return &known.properties;
+      if (std::strcmp(known.name.c_str(), name) == 0) return &known.properties;
     return &known_.emplace_front(NamedProperties{name, collect(name)}).properties;
   } catch (const std::bad_alloc&) {
     return nullptr;

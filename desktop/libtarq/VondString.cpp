@@ -46,13 +46,14 @@ void VondString::assign(const char* string, size_t length) noexcept {
 // Makes room for `length` bytes and a NUL after them, and keeps what is there.
 // Null: no memory; the string is absent.
 char* VondString::reserve(size_t length) noexcept {
-  const size_t room = capacity_ != 0 ? capacity_ : kInlineBytes;
-  if (length < room) {
-    if (data_ == nullptr) data_ = inline_;
-    return data_;
-  }
-  // At least twice the room, so that building a long string piece by piece takes linear time.
-  const size_t wanted = capacity_ != 0 ? std::max(length + 1, 2 * room) : length + 1;
+  if (length >= (capacity_ != 0 ? capacity_ : kInlineBytes)) return grow(length);
+  if (data_ == nullptr) data_ = inline_;
+  return data_;
+}
+
+// To at least twice the room, so that building a long string piece by piece takes linear time.
+char* VondString::grow(size_t length) noexcept {
+  const size_t wanted = std::max(length + 1, 2 * capacity_);
   char* block = static_cast<char*>(std::malloc(wanted));
   if (block != nullptr && length_ != 0) std::memcpy(block, data_, length_);
   const size_t kept = length_;

@@ -5,7 +5,7 @@
 #include "TarqDmrPlayerInterface.h"
 #include "TarqJniUtil.h"
 
-// All messages are constants of this folder without a conversion specification.
+// All messages are constants of this folder without a format specifier.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-security"
 void logPlayer(int priority, const char* message) {

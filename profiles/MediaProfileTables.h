@@ -10,7 +10,7 @@
 #include "Region.h"
 #include "TarqDmrMediaProfile.h"
 
-// The constant tables behind the sink capability. To add a format: a row in `mediaProfileTable` where its
+// The constant tables of the sink capability. To add a format: a row in `mediaProfileTable` where its
 // entry is to stand in the advertised list, a row in `multiplexProfileTable` when it has a counterpart, and
 // one in `profileGroupTable` when its group is new. What the tables promise each other is checked below.
 

@@ -114,7 +114,10 @@ const struct {
   const char* metadata;
   std::vector<const char*> phrases;
 } kMissing[] = {
-    {"NoUrl", "a.jpg", "<x/>", {"not a URL with a scheme and a host", "there is no URL", "not valid DIDL-Lite"}},
+    {"NoUrl",
+     "a.jpg",
+     "<x/>",
+     {"not a URL with a scheme and a host", "there is no URL", "its root element is x"}},
     {"NoObject",
      "http://a.example/",
      "<DIDL-Lite/>",

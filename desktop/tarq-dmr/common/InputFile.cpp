@@ -5,9 +5,12 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
+#include <utility>
 
 #include "CommandError.h"
+#include "Metadata.h"
 
 namespace {
 
@@ -47,7 +50,14 @@ std::string readMetadata(const std::string& path) {
     metadata.append(block, count);
     if (metadata.size() > kMetadataLimitBytes) throw CommandError(path + ": more than 64 MiB of metadata");
   }
+  if (metadata.starts_with("\xFF\xFE") || metadata.starts_with("\xFE\xFF")) {
+    throw CommandError(path + ": the metadata is UTF-16; convert it to UTF-8");
+  }
   if (metadata.find('\0') != std::string::npos)
     throw CommandError(path + ": the metadata contains a NUL byte");
-  return metadata;
+  UnwrappedMetadata unwrapped = unwrapMetadata(std::move(metadata));
+  if (unwrapped.from != nullptr) {
+    std::fprintf(stderr, "tarq-dmr: %s holds %s; using the DIDL-Lite in it\n", path.c_str(), unwrapped.from);
+  }
+  return std::move(unwrapped.didl);
 }

@@ -4,7 +4,6 @@
 
 #include "ExplainWords.h"
 #include "ResContest.h"
-#include "WhatIf.h"
 
 namespace {
 
@@ -28,15 +27,6 @@ std::string difference(const ResPoints& a, const ResPoints& b) {
     words += (words.empty() ? "" : ", ") + std::string(cause.name) + " " + signedNumber(points);
   }
   return words;
-}
-
-// The candidate with the most points after the winner, or -1.
-int secondOf(const Explanation& explanation) {
-  BestScore second;
-  for (int i = 0; i < static_cast<int>(explanation.records.size()); ++i) {
-    if (i != explanation.choice.winner) second.offer(i, explanation.scoreOf(i).counted().total());
-  }
-  return second.index;
 }
 
 std::string leadByPoints(const Explanation& explanation) {
@@ -76,13 +66,28 @@ std::string contestReason(const Explanation& explanation) {
          (choice.contest == ResContestKind::kMpo ? "" : ", but the contest for such files has no candidate");
 }
 
+int secondOf(const Explanation& explanation) {
+  BestScore second;
+  for (int i = 0; i < static_cast<int>(explanation.records.size()); ++i) {
+    if (i != explanation.choice.winner) second.offer(i, explanation.scoreOf(i).counted().total());
+  }
+  return second.index;
+}
+
 std::string exclusionReason(const Explanation& explanation, size_t index) {
   const TarqDlnaResMetadata& record = explanation.records[index];
-  if (!isOut(record.score.rule)) return {};
-  const std::string reason = exclusionWords(record.score.rule, record.category, explanation.choice.kind);
-  if (record.score.rule == ResRule::kSkipped) return reason;
-  const std::string otherwise = whatIf(explanation.choice, explanation.region, record);
-  return otherwise.empty() ? reason : reason + "; " + otherwise;
+  return exclusionWords(record.score.rule, record.category, explanation.choice.kind);
+}
+
+std::optional<WhatIf> changeToEnter(const Explanation& explanation, size_t index) {
+  const TarqDlnaResMetadata& record = explanation.records[index];
+  if (record.score.rule == ResRule::kSkipped) return std::nullopt;
+  return whatIf(explanation.choice, explanation.region, record);
+}
+
+std::string wouldBe(const WhatIf& change) {
+  if (change.format == nullptr) return "would win " + change.words + ", but has no format";
+  return std::string("would be ") + change.format + " " + change.words;
 }
 
 std::string leadWords(const Explanation& explanation) {

@@ -13,19 +13,18 @@ void writeUri(JsonObject& object, const UriFacts& uri) {
 }
 
 void writeQuick(JsonObject& object, const QuickFacts& quick) {
+  const QuickTest* accepted = quick.accepted;
   object.add("asked", quick.asked);
-  object.addObjects("tried", quick.tried.size(), [&](JsonObject& test, size_t i) {
-    test.add("in", quick.tried[i]->ofUri ? "uri" : "metadata");
-    test.add("contains", quick.tried[i]->contains);
-    test.add("accepts", quick.tried[i] == quick.accepted);
-  });
+  object.add("found", accepted == nullptr ? nullptr : accepted->contains);
+  object.add("foundIn", accepted == nullptr ? nullptr : accepted->ofUri ? "uri" : "metadata");
   object.add("mimeType", quick.mimeType);
 }
 
 void writeMetadata(JsonObject& object, const Explanation& explanation) {
   const MetadataFacts& metadata = explanation.metadata;
-  const bool lookedAt = explanation.quick.accepted == nullptr;
-  object.add("state", lookedAt ? metadataWords(metadata.state) : "not looked at");
+  const bool opened = explanation.quick.accepted == nullptr;
+  object.add("state", opened ? metadataKey(metadata) : "notOpened");
+  object.add("message", opened ? metadataWords(metadata) : "a quick test accepted the resource");
   object.add("objects", metadata.objects);
   object.add("title", metadata.title);
   object.add("resCount", static_cast<int>(explanation.res.size()));
@@ -35,6 +34,7 @@ void writeRes(JsonObject& object, const ResFacts& res, const TarqDlnaResMetadata
   object.add("protocolInfo", res.protocolInfo);
   object.add("url", res.url);
   object.add("requested", res.requested);
+  object.add("skip", skipKey(record.skip));
   object.add("skipped", skipWords(record.skip));
   object.add("wrappedContentFormat", res.wrappedContentFormat ? res.wrappedContentFormat->c_str() : nullptr);
   object.add("mimeType", record.mimeType);
@@ -55,34 +55,65 @@ void writePoints(JsonObject& object, const ResPoints& points) {
   object.add("total", points.total());
 }
 
+void writeChange(JsonObject& object, const WhatIf& change) {
+  object.add("key", change.key);
+  object.add("region", change.region);
+  object.add("format", change.format);
+  object.add("message", wouldBe(change));
+}
+
+// Why a candidate is out, and what would let it in; both null when it is in.
+void writeExclusion(JsonObject& object, const Explanation& explanation, size_t i) {
+  const bool out = isOut(explanation.records[i].score.rule);
+  object.add("excludedBecause", out ? exclusionReason(explanation, i).c_str() : nullptr);
+  const std::optional<WhatIf> change = out ? changeToEnter(explanation, i) : std::nullopt;
+  if (!change) return object.addNull("change");
+  object.addObject("change", [&](JsonObject& json) { writeChange(json, *change); });
+}
+
+void writeScore(JsonObject& object, const ResScore& score, ResContestKind contest) {
+  if (contest == ResContestKind::kMpo) {
+    object.add("rank", score.mpo.rank);
+    object.add("pixelsFromFullHd", score.mpo.overArea);
+    return object.add("fullHd", score.mpo.fullHd);
+  }
+  object.addObject("primary", [&](JsonObject& points) { writePoints(points, score.primary); });
+  if (!wordsOf(contest).twoScores) return;
+  object.addObject("secondary", [&](JsonObject& points) { writePoints(points, score.secondary); });
+}
+
 void writeCandidate(JsonObject& object, const Explanation& explanation, size_t i) {
   const TarqDlnaResMetadata& record = explanation.records[i];
-  const ResContestKind contest = explanation.choice.contest;
-  const bool mpo = contest == ResContestKind::kMpo;
-  const bool eligible = !isOut(record.score.rule);
   object.add("index", static_cast<int>(i));
-  object.add("eligible", eligible);
-  object.add("rule", mpo ? nullptr : ruleKey(record.score.rule));
-  object.add("excludedBecause", eligible ? nullptr : exclusionReason(explanation, i).c_str());
-  object.add("format", eligible ? record.format : nullptr);
-  if (mpo) {
-    object.add("rank", record.score.mpo.rank);
-    object.add("pixelsFromFullHd", record.score.mpo.overArea);
-    object.add("fullHd", record.score.mpo.fullHd);
-    return;
+  object.add("eligible", !isOut(record.score.rule));
+  object.add("rule", ruleKey(record.score.rule));
+  writeExclusion(object, explanation, i);
+  object.add("format", record.format);
+  writeScore(object, record.score, explanation.choice.contest);
+}
+
+// How far the winner is ahead of the second; of the multi-picture contest there is no second.
+void writeLead(JsonObject& object, const Explanation& explanation) {
+  const bool points = explanation.choice.winner >= 0 && explanation.choice.contest != ResContestKind::kMpo;
+  const int second = points ? secondOf(explanation) : -1;
+  object.addIndex("second", second);
+  if (second < 0) {
+    object.addNull("ahead");
+  } else {
+    object.add("ahead", explanation.scoreOf(explanation.choice.winner).counted().total() -
+                            explanation.scoreOf(second).counted().total());
   }
-  object.addObject("primary", [&](JsonObject& points) { writePoints(points, record.score.primary); });
-  if (!wordsOf(contest).twoScores) return;
-  object.addObject("secondary", [&](JsonObject& points) { writePoints(points, record.score.secondary); });
+  object.add("lead", leadWords(explanation));
 }
 
 void writeContest(JsonObject& object, const Explanation& explanation) {
   object.add("name", wordsOf(explanation.choice.contest).key);
+  object.addIndex("from", explanation.choice.contestFrom);
   object.add("reason", contestReason(explanation));
   object.addObjects("candidates", explanation.records.size(),
                     [&](JsonObject& candidate, size_t i) { writeCandidate(candidate, explanation, i); });
   object.addIndex("winner", explanation.choice.winner);
-  object.add("lead", leadWords(explanation));
+  writeLead(object, explanation);
 }
 
 void writeAnswer(JsonObject& object, const Explanation& explanation) {
@@ -106,19 +137,14 @@ void writeAnswer(JsonObject& object, const Explanation& explanation) {
 }
 
 void writeProbe(JsonObject& object, const Explanation& explanation) {
-  object.add("notProbedBecause", explanation.probe ? nullptr : whyNotProbed(explanation));
+  object.add("notProbed", explanation.probe ? nullptr : whyNotProbed(explanation).key);
+  object.add("notProbedBecause", explanation.probe ? nullptr : whyNotProbed(explanation).words);
   if (!explanation.probe) return;
   const ProbeFacts& probe = *explanation.probe;
   object.add("url", probe.url);
   object.add("isHttp", probe.isHttp);
   object.add("transferMode", transferModeWord(probe.transferMode));
-  object.add("contentFeatures", true);
   object.add("decidesAlone", explanation.choice.winner < 0);
-  const auto outcomes = probeOutcomes();
-  object.addObjects("outcomes", outcomes.size(), [&](JsonObject& outcome, size_t i) {
-    outcome.add("answer", outcomes[i].answer);
-    outcome.add("code", outcomes[i].code);
-  });
   object.add("sent", probe.isHttp && explanation.verdict.code.has_value());
   if (!probe.isHttp || !explanation.verdict.code) return object.addNull("answer");
   object.addObject("answer", [&](JsonObject& answer) { writeAnswer(answer, explanation); });
@@ -128,11 +154,13 @@ void writeVerdict(JsonObject& object, const Explanation& explanation) {
   const Verdict& verdict = explanation.verdict;
   if (!verdict.code) {
     object.addNull("code");
+    object.add("state", "undecided");
     object.add("message", "depends on the server's answer");
     object.add("resIndex", explanation.choice.winner);
     return object.add("format", explanation.format());
   }
   object.add("code", *verdict.code);
+  object.add("state", *verdict.code == kAccepted ? "accepted" : "refused");
   object.add("message", describe(*verdict.code));
   const TarqResourceInfo* resource = verdict.resource();
   if (resource == nullptr) return;

@@ -1,13 +1,21 @@
+#include <cstring>
+
+#include "ContestWords.h"
 #include "ExplainWords.h"
 #include "ResText.h"
 #include "ResultText.h"
 
 namespace {
 
+const char* networkWords(const UriFacts& uri) {
+  if (uri.homeNetwork) return ": an IPv4 address, so on the home network";
+  const bool ipv6 = std::strchr(uri.url->GetHost(), ':') != nullptr;
+  return ipv6 ? ": an IPv6 address, which counts as the Internet" : ": a name, so on the Internet";
+}
+
 std::string readAs(const UriFacts& uri) {
   if (uri.url == nullptr) return "not a URL with a scheme and a host: no quick test, and no server to ask";
-  return "scheme " + shown(uri.url->GetScheme()) + ", host " + shown(uri.url->GetHost()) +
-         (uri.homeNetwork ? ": an IPv4 address, so on the home network" : ": a name, so on the Internet");
+  return "scheme " + shown(uri.url->GetScheme()) + ", host " + shown(uri.url->GetHost()) + networkWords(uri);
 }
 
 void showUri(Steps& steps, const UriFacts& uri, int32_t region) {
@@ -40,7 +48,7 @@ void showQuickTests(Steps& steps, const Explanation& explanation) {
 void showMetadata(Steps& steps, const Explanation& explanation) {
   const MetadataFacts& metadata = explanation.metadata;
   if (metadata.state != MetadataState::kRead) {
-    return steps.begin(std::string("The metadata offers nothing: ") + metadataWords(metadata.state));
+    return steps.begin(std::string("The metadata offers nothing: ") + metadataWords(metadata));
   }
   steps.begin("The metadata");
   if (metadata.title != nullptr) steps.row("title", shown(metadata.title));
@@ -109,7 +117,7 @@ void showRequest(Steps& steps, const Explanation& explanation, bool byTable) {
 
 void showProbe(Steps& steps, const Explanation& explanation) {
   if (!explanation.probe) {
-    return steps.begin(std::string("No server is asked: ") + whyNotProbed(explanation));
+    return steps.begin(std::string("No server is asked: ") + whyNotProbed(explanation).words);
   }
   steps.begin("The server decides");
   steps.row("request", "HEAD " + shown(explanation.probe->url));
@@ -125,11 +133,35 @@ std::string chosenText(int resIndex, const char* format) {
          (format == nullptr ? "no format" : std::string("format ") + format);
 }
 
+// The first change that would let some element play. Empty: none would.
+std::string firstChange(const Explanation& explanation) {
+  for (size_t i = 0; i < explanation.records.size(); ++i) {
+    if (!isOut(explanation.records[i].score.rule)) continue;
+    const std::optional<WhatIf> change = changeToEnter(explanation, i);
+    if (change) return resText(static_cast<int>(i)) + " " + wouldBe(*change);
+  }
+  return "";
+}
+
+// Why no element was chosen.
+std::string finding(const Explanation& explanation) {
+  const MetadataFacts& metadata = explanation.metadata;
+  if (metadata.state != MetadataState::kRead)
+    return "the metadata offers nothing: " + metadataWords(metadata);
+  if (!explanation.choice.contestHeld()) return "no res is photo, music or video";
+  const std::string change = firstChange(explanation);
+  return change.empty() ? "no res plays" : change;
+}
+
 std::string undecidedText(const Explanation& explanation) {
   const int winner = explanation.choice.winner;
   return "undecided: depends on the server's answer (use --probe): " +
-         (winner < 0 ? std::string("no res plays, so the answer alone decides")
-                     : chosenText(winner, explanation.format()) + " if it confirms");
+         (winner < 0 ? finding(explanation) : chosenText(winner, explanation.format()) + " if it confirms");
+}
+
+std::string refusedText(const Explanation& explanation, int code) {
+  const bool nothing = code == kNothingPlayable && explanation.choice.winner < 0;
+  return describe(code) + (nothing ? ": " + finding(explanation) : std::string());
 }
 
 std::string acceptedText(const Explanation& explanation, const TarqResourceInfo& resource) {
@@ -143,7 +175,7 @@ std::string verdictText(const Explanation& explanation) {
   if (!verdict.code) return undecidedText(explanation);
   const std::string code = " (" + std::to_string(*verdict.code) + "): ";
   const TarqResourceInfo* resource = verdict.resource();
-  if (resource == nullptr) return "refused" + code + describe(*verdict.code);
+  if (resource == nullptr) return "refused" + code + refusedText(explanation, *verdict.code);
   return "accepted" + code + acceptedText(explanation, *resource);
 }
 

@@ -44,16 +44,16 @@ constexpr auto kRules = std::to_array<RuleRow>({
     {ResRule::kUnknownProfileMime, "unknownProfileMime", "unknown profile, known MIME type"},
     {ResRule::kSeekable, "seekable", "Windows Media, byte seek"},
     {ResRule::kNotSeekable, "notSeekable", "Windows Media, no byte seek"},
-    {ResRule::kWindowsMediaMime, "notSeekable", "Windows Media by MIME type"},
+    {ResRule::kWindowsMediaMime, "windowsMediaMime", "Windows Media by MIME type"},
     {ResRule::kMultiPicture, "multiPicture", "multi-picture file"},
     {ResRule::kUnknown, "unknown", "no contest was held"},
-    {ResRule::kSkipped, "unknown", "skipped"},
-    {ResRule::kOtherKind, "unknown", "another kind"},
-    {ResRule::kUnknownProfile, "unknown", "unknown profile name, no help from the MIME type"},
-    {ResRule::kNoMimeType, "unknown", "no MIME type"},
-    {ResRule::kUnknownMimeType, "unknown", "unknown MIME type"},
+    {ResRule::kSkipped, "skipped", "skipped"},
+    {ResRule::kOtherKind, "otherKind", "another kind"},
+    {ResRule::kUnknownProfile, "unknownProfile", "unknown profile name, no help from the MIME type"},
+    {ResRule::kNoMimeType, "noMimeType", "no MIME type"},
+    {ResRule::kUnknownMimeType, "unknownMimeType", "unknown MIME type"},
     {ResRule::kProfileNotInRegion, "profileNotInRegion", "profile name not played in this region"},
-    {ResRule::kThreeGppAmr, "mimeTypeAmr", "3GPP audio whose extension is \"amr\" or missing"},
+    {ResRule::kThreeGppAmr, "threeGppAmr", "3GPP audio whose extension is \"amr\" or missing"},
     {ResRule::kNotMultiPicture, "notMultiPicture",
      "it needs av:mpfEntries, a usable resolution and no profile name"},
 });
@@ -96,6 +96,12 @@ const char* stageWord(CategoryStage stage) {
   return kWords[static_cast<size_t>(stage)];
 }
 
+const char* skipKey(ResSkip skip) {
+  constexpr const char* kKeys[] = {nullptr,           "noProtocolInfo",   "noColon",       "noUrl",
+                                   "badProtocolInfo", "badContentFormat", "badFourthField"};
+  return kKeys[static_cast<size_t>(skip)];
+}
+
 const char* skipWords(ResSkip skip) {
   constexpr const char* kWords[] = {
       nullptr,
@@ -109,11 +115,17 @@ const char* skipWords(ResSkip skip) {
   return kWords[static_cast<size_t>(skip)];
 }
 
-const char* metadataWords(MetadataState state) {
-  constexpr const char* kWords[] = {"there is none", "it is not valid DIDL-Lite",
-                                    "it has no item or container", "its first object has no res element",
-                                    "read"};
-  return kWords[static_cast<size_t>(state)];
+const char* metadataKey(const MetadataFacts& metadata) {
+  if (metadata.problem) return metadata.problem->key;
+  constexpr const char* kKeys[] = {"absent", "notParsed", "noObject", "noRes", "read"};
+  return kKeys[static_cast<size_t>(metadata.state)];
+}
+
+std::string metadataWords(const MetadataFacts& metadata) {
+  if (metadata.problem) return metadata.problem->words;
+  constexpr const char* kWords[] = {"there is none", "it does not parse", "it has no item or container",
+                                    "its first object has no res element", "read"};
+  return kWords[static_cast<size_t>(metadata.state)];
 }
 
 const char* transferModeWord(TransferMode mode) {
@@ -121,11 +133,11 @@ const char* transferModeWord(TransferMode mode) {
   return mode == kTransferStreaming ? "Streaming" : "Interactive";
 }
 
-const char* whyNotProbed(const Explanation& explanation) {
-  if (explanation.quick.accepted != nullptr) return "a quick test accepted the resource";
-  if (explanation.uri.url == nullptr) return "the URI is not a URL";
-  if (!explanation.uri.homeNetwork) return "only servers on the home network are asked";
-  return "RVU content is never probed";
+NoProbe whyNotProbed(const Explanation& explanation) {
+  if (explanation.quick.accepted != nullptr) return {"quickTest", "a quick test accepted the resource"};
+  if (explanation.uri.url == nullptr) return {"noUrl", "the URI is not a URL"};
+  if (!explanation.uri.homeNetwork) return {"internet", "only servers on the home network are asked"};
+  return {"rvu", "RVU content is never probed"};
 }
 
 std::span<const ProbeOutcome> probeOutcomes() {

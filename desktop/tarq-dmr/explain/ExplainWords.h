@@ -32,12 +32,19 @@ std::span<const PointCause> pointCauses();
 const char* categoryWord(MediaCategory category);
 const char* categoryNoun(MediaCategory category);  // with its article; of a known category
 const char* stageWord(CategoryStage stage);        // null: nothing decided the category
-const char* skipWords(ResSkip skip);               // null: the element was read
-const char* metadataWords(MetadataState state);
+const char* skipKey(ResSkip skip);                 // null: the element was read
+const char* skipWords(ResSkip skip);
+// What the metadata offers; of metadata that does not parse, why not.
+const char* metadataKey(const MetadataFacts& metadata);
+std::string metadataWords(const MetadataFacts& metadata);
 const char* transferModeWord(TransferMode mode);  // null: no header is sent
 
 // Why no server is asked, of an explanation without a probe.
-const char* whyNotProbed(const Explanation& explanation);
+struct NoProbe {
+  const char* key;
+  const char* words;
+};
+NoProbe whyNotProbed(const Explanation& explanation);
 
 // A kind of answer, and the result code that it leads to.
 struct ProbeOutcome {

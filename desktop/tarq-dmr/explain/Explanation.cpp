@@ -48,11 +48,14 @@ ResFacts readRes(const TARQ_Object* object, unsigned int index, const char* uri,
 }
 
 // Returns: the first object; null when it has no `res` or there is none, and the state then says why.
-const TARQ_Object* readObject(const char* text, MetadataFacts& facts) {
-  if (text == nullptr) return nullptr;
+const TARQ_Object* readObject(const char* didl, MetadataFacts& facts) {
+  if (didl == nullptr) return nullptr;
   facts.state = MetadataState::kNotParsed;
-  facts.document.reset(TARQ_Result_ParseCds(cdsText(text)));
-  if (facts.document == nullptr) return nullptr;
+  facts.document.reset(TARQ_Result_ParseCds(cdsText(didl)));
+  if (facts.document == nullptr) {
+    facts.problem = diagnoseMetadata(didl);
+    return nullptr;
+  }
   facts.state = MetadataState::kNoObject;
   facts.objects = TARQ_Result_NumOfObjects(facts.document.get());
   if (facts.objects < 1) return nullptr;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "CheckRules.h"
+#include "Metadata.h"
 #include "TarqDlnaResSelection.h"
 #include "TarqDmrParamsInterface.h"
 #include "VondHspClient.h"
@@ -38,6 +39,7 @@ enum class MetadataState { kAbsent, kNotParsed, kNoObject, kNoRes, kRead };
 struct MetadataFacts {
   MetadataState state = MetadataState::kAbsent;
   std::unique_ptr<TARQ_Result, void (*)(TARQ_Result*)> document{nullptr, TARQ_Result_DestroyResult};
+  std::optional<MetadataProblem> problem;  // of metadata that does not parse
   int objects = 0;
   const char* title = nullptr;  // of the first object, the only one that counts
 };

@@ -38,32 +38,28 @@ void toLowerCase(Record& record) {
 void dropNames(Record& record) { record.dlnaPn = record.orsaPn = record.aribPn = nullptr; }
 
 struct Change {
+  const char* key;
   const char* words;
   void (*make)(Record& record);
   bool ofContest =
       false;  // it may lead to another contest; that of a photo depends on its picture count only
 };
 constexpr Change kChanges[] = {
-    {"without Windows Media beside it", [](Record&) {}, true},
-    {"if the server had not converted it", [](Record& record) { record.notConverted = true; }, true},
-    {"without the parameters of its MIME type", dropParameters},
-    {"with its MIME type in lower case", toLowerCase},
-    {"without its profile name", dropNames},
+    {"withoutWindowsMedia", "without Windows Media beside it", [](Record&) {}, true},
+    {"notConverted", "if the server had not converted it", [](Record& record) { record.notConverted = true; },
+     true},
+    {"withoutMimeParameters", "without the parameters of its MIME type", dropParameters},
+    {"lowerCaseMimeType", "with its MIME type in lower case", toLowerCase},
+    {"withoutProfileName", "without its profile name", dropNames},
 };
-
-// The multi-picture contest lets in pictures that it has no format for.
-std::string wouldBe(const Record& record, const std::string& words) {
-  if (record.format == nullptr) return "would win " + words + ", but has no format";
-  return std::string("would be ") + record.format + " " + words;
-}
 
 }  // namespace
 
-std::string whatIf(const ResChoice& choice, int32_t region, const TarqDlnaResMetadata& record) {
+std::optional<WhatIf> whatIf(const ResChoice& choice, int32_t region, const TarqDlnaResMetadata& record) {
   for (const int32_t other : {0x01, 0x02, 0x04, 0x08, kRealMediaRegion}) {
     Record copy = record;
     if (other != region && winsAlone(choice, other, copy)) {
-      return wouldBe(copy, "in region " + std::to_string(other));
+      return WhatIf{"region", "in region " + std::to_string(other), other, copy.format};
     }
   }
   for (const Change& change : kChanges) {
@@ -72,7 +68,7 @@ std::string whatIf(const ResChoice& choice, int32_t region, const TarqDlnaResMet
     change.make(copy);
     const bool wins =
         change.ofContest ? winsWithoutOthers(choice, region, copy) : winsAlone(choice, region, copy);
-    if (wins) return wouldBe(copy, change.words);
+    if (wins) return WhatIf{change.key, change.words, region, copy.format};
   }
-  return {};
+  return std::nullopt;
 }

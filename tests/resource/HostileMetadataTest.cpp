@@ -8,7 +8,7 @@
 #include <string>
 
 #include "Checker.h"
-#include "DidlText.h"
+#include "Didl.h"
 #include "TestRows.h"
 
 namespace {

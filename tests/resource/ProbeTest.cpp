@@ -3,19 +3,16 @@
 #include <gtest/gtest.h>
 #include <netdb.h>
 
-#include <algorithm>
 #include <atomic>
-#include <cmath>
+#include <chrono>
 #include <future>
-#include <map>
 #include <mutex>
-#include <random>
 #include <regex>
 #include <string>
 #include <vector>
 
 #include "Checker.h"
-#include "DidlText.h"
+#include "Didl.h"
 #include "HeldResources.h"
 #include "LogCapture.h"
 #include "RawHttpServer.h"
@@ -42,10 +39,7 @@ namespace {
 class DeafListener : public LoopbackListener {
  public:
   DeafListener() : LoopbackListener(0), taken_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
-    sockaddr_in address{};
-    socklen_t size = sizeof address;
-    getsockname(fd(), reinterpret_cast<sockaddr*>(&address), &size);
-    connect(taken_, reinterpret_cast<sockaddr*>(&address), size);
+    connect(taken_, address(), sizeof(sockaddr_in));
   }
   ~DeafListener() { close(taken_); }
 
@@ -179,7 +173,7 @@ TEST(Probe, EndsAtTheTimeLimit) {
   const DeafListener deaf;
   RawHttpServer silence(endless("", "", 60s));
   RawHttpServer silenceInTheHeaders(endless(kMp3, "", 60s));
-  RawHttpServer byteEveryHalfSecond([](Connection& client) { client.sendSlowly(kMp3, 500ms); });
+  RawHttpServer byteEveryHalfSecond(endless(kMp3, "X", 500ms));
   RawHttpServer interimAnswersForEver(endless("", kInterim, 100ms));
   holdFirstSelection();
   const auto expectLimit = [](const std::string& url, std::chrono::seconds limit) {
@@ -202,21 +196,17 @@ TEST(Probe, EndsAtTheTimeLimit) {
 std::pair<int, Clock::duration> cancelProbe(const Item& item, std::chrono::microseconds delay) {
   const auto checker = newChecker();
   std::atomic<bool> begun = false;
-  Clock::time_point ended;
   auto result = std::async(std::launch::async, [&] {
     begun = true;
     begun.notify_one();
-    const int code = item.check(*checker);
-    ended = Clock::now();
-    return code;
+    return item.check(*checker);
   });
   begun.wait(false);
   std::this_thread::sleep_for(delay);
   const Clock::time_point begin = Clock::now();
   checker->Cancel();
-  const Clock::time_point cancelled = Clock::now();
   const int code = result.get();
-  return {code, std::max(cancelled, ended) - begin};
+  return {code, Clock::now() - begin};
 }
 
 // A look-up that nobody waits for any more takes a moment to end.
@@ -238,25 +228,19 @@ TEST(Cancel, EndsAProbeAtAnyMomentAndLeavesNothing) {
   {
     const std::lock_guard stuck(stuckLookup);
     const DeafListener deaf;
-    RawHttpServer silent([](Connection& client) { client.closedWithin(60s); });
-    RawHttpServer slow([](Connection& client) { client.sendSlowly("HTTP/1.1 200 OK\r\nX: 1\r\n\r\n", 1ms); });
+    RawHttpServer silent(endless("", "", 60s));
+    RawHttpServer slow([](Connection& client) { client.closedWithin(10ms) || client.send(kOk + "\r\n"); });
     const Item items[] = {Item(silent.url()), Item(slow.url()), Item(deaf.url("/")),
                           Item("http://stuck.invalid/")};
-    std::map<int, int> results;
-    Clock::duration slowest{};
-    std::mt19937 random(20'000);
-    std::uniform_real_distribution<double> exponent(1, 4.5);  // 10 us to 32 ms
+    int cancelled = 0;
     for (int i = 0; i < kTries; ++i) {
-      const Item& item = items[random() % std::size(items)];
-      const auto delay = std::chrono::microseconds(std::lround(std::pow(10, exponent(random))));
-      const auto [result, taken] = cancelProbe(item, delay);
-      ++results[result];
-      slowest = std::max(slowest, taken);
+      const std::chrono::microseconds delay(i * i / 31);  // up to 32 ms
+      const auto [result, taken] = cancelProbe(items[i % 4], delay);
+      EXPECT_TRUE(result == 5 || result == 55203 || result == 55106) << result;
+      EXPECT_LT(taken, kLimit) << taken.count() << " ns";
+      cancelled += result == 55203;
     }
-    EXPECT_EQ(results[5] + results[55203] + results[55106], kTries);
-    EXPECT_GT(results[55203], kTries / 2);
-    EXPECT_LT(slowest, kLimit) << slowest.count() << " ns";
-    EXPECT_TRUE(silent.allClosedWithin(2s) && slow.allClosedWithin(2s));
+    EXPECT_GT(cancelled, kTries / 2);
   }
   EXPECT_EQ(heldWhenQuiet(), before) << "descriptors, threads";
 }

@@ -15,7 +15,7 @@ namespace {
 // which begins with "."; => the category of every one of them.
 // clang-format off
 const OutcomeRow kCategories[] = {
-    {"Photo", "image/x | JPEG_LRG | JPEG_MED | JPEG_SM | JPEG_TN | .jpg | .kzr", "photo"},
+    {"Photo", "image/x | JPEG_LRG | JPEG_MED | JPEG_SM | JPEG_TN | .jpg | .KZR", "photo"},
     {"Music", "audio/x | application/ogg | LPCM | MP3 | WMABASE | WMAFULLX | .lpcm | .MP3 | "
      ".3gp | .3g2", "music"},
     {"VideoType", "video/x | application/x-dtcp1 | application/octet-stream | application/vnd.rn-realmedia | "
@@ -24,8 +24,7 @@ const OutcomeRow kCategories[] = {
      ".webm | .mov | .rmvb | .rm | .rmv | .XVID", "video"},
     {"VideoProfile", "MPEG1 .jpg | AVC_TS_HD_24_AC3", "video"},
     {"TypeFirst", "application/octet-stream MP3 .mp3", "video"},
-    {"TypeInAnyCase", "IMAGE/Jpeg;x=1 MP3 .mp4", "photo"},
-    {"ProfileBeforeExtension", "audio/ JPEG_TN .mpg", "photo"},
+    {"TypeInAnyCase", "IMAGE/Jpeg;x=1 MP3 .mp4 | audio/ JPEG_TN .mpg", "photo"},
     {"LongerProfile", "text/plain MP3X .jpg | MPEG1_X .jpg", "photo"},
     {"Nothing", "text/plain | MP3X | .mp3x | .", "unknown"},
 };
@@ -57,28 +56,18 @@ const OutcomeRow kCodecs[] = {
     {"MpegM2t", "1 video/mpeg m2t", "MPEG2_TS 200"},
     {"MpegM2ts", "1 video/mpeg m2ts", "AVC_TTS 200"},
     {"MpegMts", "1 video/mpeg mts", "AVC_TTS 200"},
-    {"MpegOther", "1 video/mpeg ts", "MPEG_Unknown 200"},
-    {"Mp4M2ts", "1 video/mp4 m2ts", "AVC_TTS 200"},
     {"Mp4Mts", "1 video/mp4 mts", "AVC_TTS 200"},
     // Identified, or guessed where no row of the region applies.
     {"Mp4", "8 video/mp4 mp4", "MPEG4 200"},
     {"Mp4NoRow", "16 video/mp4 mp4", "MPEG4 100"},
-    {"Mp4NoExtension", "1 video/mp4", "MPEG4 100"},
     {"Directv", "4 video/vnd.directv.mpeg mpeg", "MPEG2_TS 200"},
-    {"Asf", "1 video/x-ms-asf asf", "WMV 100"},
     // Types that begin, the longer name first, and types that are whole.
-    {"WmvBegins", "1 video/x-ms-wmv9", "WMV 100"},
     {"ThreeGpp2", "1 video/3gpp2 mp4", "3GPP 200"},
-    {"XvidAvi", "1 video/x-xvid avi", "Xvid 200"},
-    {"PlaylistBegins", "1 application/x-mpegURL;q=1", "M3U8 200"},
     {"DirectvTts", "1 video/vnd.directv.mpeg-tts ts", "MPEG2_TTS 200"},
     {"Mp4IsWhole", "1 video/mp4;codecs=avc1 mp4", "none -7"},
-    {"MsvideoBegins", "1 video/x-msvideo2 avi", "AVI_Unknown 200"},
     {"AviIsWhole", "1 video/avi2 avi", "none -7"},
     {"MsVideoAvi", "1 video/x-ms-video AVI", "AVI_Unknown 200"},
-    {"MsVideoOther", "1 video/x-ms-video wmv", "none -7"},
     // RealMedia in region 16 as a whole.
-    {"OctetRmvb", "16 application/octet-stream rmvb", "RMVB 200"},
     {"OctetElsewhere", "17 application/octet-stream rmvb", "none -7"},
     {"OctetRmv", "16 application/octet-stream rmv", "none -7"},
     {"RealVideo", "16 video/vnd.rn-realvideo rv", "RMVB 200"},
@@ -96,14 +85,8 @@ TEST_ROWS(VideoCodecFormat, IsToldByMimeTypeAndExtension, kCodecs) {
 }
 
 const OutcomeRow kUrls[] = {
-    {"Query", "http://h/clip.mp4?x=1", "mp4"},
-    {"FirstDot", "http://h/clip.tar.gz", "tar.gz"},
-    {"NoDot", "http://h/clip", ""},
-    {"DotInTheFolder", "http://h/a.b/clip", ""},
-    {"SlashInTheQuery", "http://h/clip?a=/b.c", "c"},
-    {"EmptyBeforeQuery", "/.?", ""},
-    {"NoSlash", "clip.mp4", "none"},
-    {"Empty", "", "none"},
+    {"FirstDot", "http://h/clip.tar.gz", "tar.gz"},   {"DotInTheFolder", "http://h/a.b/clip", ""},
+    {"SlashInTheQuery", "http://h/clip?a=/b.c", "c"}, {"NoSlash", "clip.mp4", "none"},
     {"TwoQueries", "http://h/x.a?b?c", "a"},
 };
 
@@ -130,14 +113,11 @@ std::string readRecord(const std::string& res) {
 #define RES "<res protocolInfo='a:*:"
 const OutcomeRow kRecords[] = {
     {"NoProtocolInfo", "<res>/a.mp4</res>", "- - - - - 3 converted 0"},
-    {"NoColon", "<res protocolInfo='video'>/a.mp4</res>", "- - - - - 3 converted 0"},
     {"NoUrl", RES "video/mp4:*'/>", "video/mp4 * - - - 2 original 0"},
     {"NoMimeType", "<res protocolInfo='a:b'>/a.mp4</res>", "- - - mp4 - 3 converted 0"},
     {"NoFourthField", RES "video/mp4' resolution='1x1'>/a.mp4</res>", "video/mp4 - - mp4 - 3 converted 0"},
     {"EmptyFourthField", RES "video/mp4:' resolution='1x1'>/a</res>", "video/mp4  -  1x1 2 original 0"},
     {"FourthFieldDoesNotParse", RES "video/mp4:=1'>/a.mp4</res>", "- - - - - 3 converted 0"},
-    {"Converted", RES "video/mp4:DLNA.ORG_CI=1;DLNA.ORG_PN=X'>a</res>",
-     "video/mp4 DLNA.ORG_CI=1;DLNA.ORG_PN=X X - - 2 converted 0"},
     {"NotZero", RES "video/mp4:DLNA.ORG_CI=00'>a</res>", "video/mp4 DLNA.ORG_CI=00 - - - 2 converted 0"},
     // What link-protected content wraps.
     {"Wrapped", RES "application/x-dtcp1;P=1;CONTENTFORMAT=\"video/mpeg\":*'>/a.m</res>",

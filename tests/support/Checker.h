@@ -14,8 +14,8 @@ inline std::unique_ptr<TarqResourceCheckerInterface> newChecker(int region = 1) 
   return std::unique_ptr<TarqResourceCheckerInterface>(params->CreateResourceChecker());
 }
 
-// What a check came to: "code" alone, or "0 resIndex mimeType [additionalInfo] operation format"; "-" is
-// null.
+// What a check came to: "code" alone, or "0 resIndex mimeType [additionalInfo] operation format";
+// "-" is null.
 inline std::string outcomeOf(TarqResourceCheckerInterface& checker, int code) {
   if (code != 0) return std::to_string(code);
   const auto text = [](const char* value) {

@@ -2,11 +2,31 @@
 #define DIDL_H_
 
 #include <memory>
+#include <string>
+#include <vector>
 
-#include "DidlText.h"
 #include "TarqCdsAccess.h"
 
-// The parsed document of one item that has these `res` elements.
+inline std::string repeated(const std::string& part, size_t count) {
+  std::string all;
+  for (; count > 0; --count) all += part;
+  return all;
+}
+
+// `attributes` are further ones, as they are written.
+inline std::string resElement(const std::string& protocolInfo, const std::string& url,
+                              const std::string& attributes = "") {
+  return "<res protocolInfo='" + protocolInfo + "' " + attributes + ">" + url + "</res>";
+}
+
+// A DIDL-Lite document with one item that has these `res` elements.
+inline std::string didlText(const std::vector<std::string>& res) {
+  std::string text = "<DIDL-Lite xmlns='urn:schemas-upnp-org:metadata-1-0/DIDL-Lite/'><item id='1'>";
+  for (const std::string& element : res) text += element;
+  return text + "</item></DIDL-Lite>";
+}
+
+// The same, parsed.
 class Didl {
  public:
   explicit Didl(const std::vector<std::string>& res)

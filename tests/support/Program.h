@@ -84,17 +84,16 @@ struct Outcome {
   long maxResidentKiB;
 };
 
-inline Outcome runProgram(const std::vector<std::string>& arguments, const MemoryFile& input) {
+// `input` is what it reads from its standard input, so many times.
+inline Outcome runProgram(const std::vector<std::string>& arguments, std::string_view input = {},
+                          size_t times = 1) {
+  const MemoryFile in(input, times);
   const MemoryFile out;
   const MemoryFile err;
   rusage usage{};
   const int exitCode =
-      waitFor(startProgram(arguments, input.descriptor(), out.descriptor(), err.descriptor()), &usage);
+      waitFor(startProgram(arguments, in.descriptor(), out.descriptor(), err.descriptor()), &usage);
   return {exitCode, out.content(), err.content(), usage.ru_maxrss};
-}
-
-inline Outcome runProgram(const std::vector<std::string>& arguments, std::string_view input = {}) {
-  return runProgram(arguments, MemoryFile(input));
 }
 
 inline std::vector<std::string> linesOf(std::string_view text) {

@@ -13,6 +13,7 @@
 
 namespace {
 
+using testing::ElementsAre;
 using testing::StartsWith;
 
 // A line about content that is recognised by its metadata.
@@ -50,12 +51,10 @@ const struct {
     {"Array", R"(["uri","x:"])", "the line is not a JSON object"},
     {"InnerUri", R"({"more":{"uri":"x:"}})", "uri is missing"},
     {"UriNull", R"({"uri":null})", "uri is not a string"},
-    {"UriArray", R"({"uri":["x:"]})", "uri is not a string"},
     {"MetadataNumber", R"({"uri":"x:","metadata":1})", "metadata is neither a string nor null"},
     {"RegionString", R"({"uri":"x:","region":"1"})", kNotRegion},
     {"RegionFraction", R"({"uri":"x:","region":1.0})", kNotRegion},
     {"RegionAbove31Bits", R"({"uri":"x:","region":2147483648})", kNotRegion},
-    {"RegionOf64Bits", R"({"uri":"x:","region":18446744073709551615})", kNotRegion},
     {"RegionBelow32Bits", R"({"uri":"x:","region":-2147483649})", kNotRegion},
     // Also in a field that is ignored.
     {"CutCharacter", "{\"uri\":\"x:\xC3\"}", kNotUtf8},
@@ -81,7 +80,7 @@ TEST_ROWS(Batch, AnswersALineInItsPlace, kLines) {
   EXPECT_EQ(outcome.err, "");
   const std::string answer =
       row.problem == nullptr ? kChecked : R"({"code":-1,"message":")" + std::string(row.problem) + "\"}";
-  EXPECT_THAT(linesOf(outcome.out), testing::ElementsAre(accepted("a"), StartsWith(answer), accepted("b")));
+  EXPECT_THAT(linesOf(outcome.out), ElementsAre(accepted("a"), StartsWith(answer), accepted("b")));
 }
 
 TEST(Batch, KeepsTheOrderOfManyLines) {
@@ -105,7 +104,7 @@ TEST(Batch, LineMayBeAsLongAsTheLimit) {
   EXPECT_EQ(outcome.exitCode, 0);
   const std::string tooLong = R"({"code":-1,"message":"the line is longer than 32 MiB"})";
   EXPECT_THAT(linesOf(outcome.out),
-              testing::ElementsAre(StartsWith(kChecked), accepted("a"), tooLong, accepted("b"), tooLong));
+              ElementsAre(StartsWith(kChecked), accepted("a"), tooLong, accepted("b"), tooLong));
 }
 
 TEST(Batch, LineNamesItsRegion) {
@@ -113,16 +112,12 @@ TEST(Batch, LineNamesItsRegion) {
       R"({"uri":"x:","metadata":"<DIDL-Lite><item>)"
       R"(<res protocolInfo='http-get:*:video/mpeg:DLNA.ORG_PN=DTCP_MPEG_TS_SD_60_L2_T'>x:/v.mpg</res>)"
       R"(</item></DIDL-Lite>")";
-  const std::string input =
-      item + "}\n" + item + ",\"region\":1}\n" + item + ",\"region\":2}\n" + item + "}\n";
-  const auto codes = [&](const char* region) {
-    std::string all;
-    for (const auto& answer : linesOf(runProgram({"check", "--batch", "-", "--region", region}, input).out))
-      all += answer.substr(8, answer.find(',') - 7);
-    return all;
-  };
-  EXPECT_EQ(codes("0x2"), "0,55106,0,0,");
-  EXPECT_EQ(codes("1"), "55106,55106,0,55106,");
+  const std::string input = item + "}\n" + item + ",\"region\":1}\n" + item + ",\"region\":2}\n";
+  constexpr const char* kPlayed = R"({"code":0,)";
+  EXPECT_THAT(linesOf(runProgram({"check", "--batch", "-", "--region", "0x2"}, input).out),
+              ElementsAre(StartsWith(kPlayed), StartsWith(kChecked), StartsWith(kPlayed)));
+  EXPECT_THAT(linesOf(runProgram({"check", "--batch", "-", "--region", "1"}, input).out),
+              ElementsAre(StartsWith(kChecked), StartsWith(kChecked), StartsWith(kPlayed)));
 }
 
 TEST(Batch, NeedsNoMoreMemoryForMoreLines) {
@@ -130,8 +125,8 @@ TEST(Batch, NeedsNoMoreMemoryForMoreLines) {
   GTEST_SKIP() << "a sanitizer keeps freed memory";
 #endif
   const auto residentKiB = [](size_t lines) {
-    const MemoryFile input(R"({"uri":"x:","metadata":")" + std::string(1000, 'm') + "\"}\n", lines);
-    const Outcome outcome = runProgram({"check", "--batch", "-", "--jobs", "4"}, input);
+    const std::string input = R"({"uri":"x:","metadata":")" + std::string(1000, 'm') + "\"}\n";
+    const Outcome outcome = runProgram({"check", "--batch", "-", "--jobs", "4"}, input, lines);
     EXPECT_EQ(linesOf(outcome.out).size(), lines);
     return outcome.maxResidentKiB;
   };
@@ -205,39 +200,33 @@ TEST(Batch, ProbesAtOnceAnswersInOrderAndKeepsNothingOpen) {
   std::atomic<int> mostWaiting = 0;
   const RawHttpServer server([&](RawHttpServer::Connection& client) {
     mostWaiting = std::max(mostWaiting.load(), ++waiting);
-    const int kind = std::stoi(client.path().substr(1)) % 4;
-    std::this_thread::sleep_for(std::chrono::milliseconds(3 - kind));
+    const int kind = std::stoi(client.request().substr(6)) % 3;  // "HEAD /" and the number
+    std::this_thread::sleep_for(std::chrono::milliseconds(2 - kind));
     --waiting;
     if (kind == 0) client.resetOnClose();
-    if (kind == 2) client.send("HTTP/1.1 503 X\r\n\r\n");
-    if (kind == 3) client.send("HTTP/1.1 200 OK\r\nContent-Type: image/jpeg\r\n\r\nbody");
+    if (kind == 1) client.send("HTTP/1.1 503 X\r\n\r\n");
+    if (kind == 2) client.send("HTTP/1.1 200 OK\r\nContent-Type: image/jpeg\r\n\r\nbody");
   });
   RunningBatch program;
-  const auto openAfter = [&](size_t probes) {
+  const auto openAfter = [&](int probes) {
     std::string lines;
-    for (size_t i = 0; i < probes; ++i)
-      lines += R"({"region":1,"uri":")" + server.url("/" + std::to_string(i)) + "\"}\n";
-    const std::vector<std::string> answers =
-        linesOf(program.answers(lines, static_cast<std::ptrdiff_t>(probes)));
-    EXPECT_EQ(answers.size(), probes);
-    for (size_t i = 0; i < answers.size(); ++i) {
+    std::vector<testing::Matcher<std::string>> expected;
+    for (int i = 0; i < probes; ++i) {
       const std::string uri = R"("uri":")" + server.url("/" + std::to_string(i)) + "\"";
-      const std::string expected[] = {"55108,", "55108,", "55107,", "0," + uri};
-      EXPECT_THAT(answers[i], StartsWith("{\"code\":" + expected[i % 4]));
+      const std::string codes[] = {"55108,", "55107,", "0," + uri};
+      lines += R"({"region":1,)" + uri + "}\n";
+      expected.emplace_back(StartsWith("{\"code\":" + codes[i % 3]));
     }
+    EXPECT_THAT(linesOf(program.answers(lines, probes)), testing::ElementsAreArray(expected));
     return heldBy(program.id());
   };
   const auto atFirst = openAfter(1);
   EXPECT_EQ(mostWaiting, 1);
   auto held = openAfter(1'000);
-  for (int i = 0; i < 1'000 && held != atFirst;
-       ++i) {  // the last answer may come before its threads have ended
-    ::usleep(1000);
-    held = heldBy(program.id());
-  }
+  // The last answer may come before its threads have ended.
+  for (int i = 0; i < 1'000 && held != atFirst; ++i, held = heldBy(program.id())) ::usleep(1000);
   EXPECT_EQ(held, atFirst);
-  EXPECT_GT(mostWaiting, 1);
-  EXPECT_LE(mostWaiting, 4);
+  EXPECT_TRUE(mostWaiting > 1 && mostWaiting <= 4) << mostWaiting;
 }
 
 TEST(Batch, WaitsForAReaderThatIsSlow) {

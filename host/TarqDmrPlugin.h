@@ -14,8 +14,7 @@
 // The functions that a renderer plug-in exports, with C names. The host calls them in this order: load the
 // library; `GetPluginInfo`; `Initialize`; the getters, in any order and as often as needed; `Start`; the
 // operations of the objects; `Stop`; `Finalize`; unload.
-// Threads: no function locks. The first call of each getter comes from one thread, before any other thread
-//   uses the object.
+// Threads: the getters from any thread, also several at once; the others one at a time.
 
 // What a plug-in says about itself. The strings are padded with zero bytes.
 // Units: 204 bytes, integers in the platform's byte order.

@@ -66,8 +66,9 @@ class TARQ_HOST_API UpnpAvResult {
 class TARQ_HOST_API UpnpCdsResult : public UpnpAvResult {
  public:
   // Null: not parsed.
+  // Units: at most 4 MiB, 16,384 times "<" (every tag and comment has one) and 65,536 times "=".
   // Errors: not parsed either when the string is not well-formed XML, has another root than `DIDL-Lite` or a
-  //   document type declaration, is longer than 4 MiB, or on allocation failure.
+  //   document type declaration, exceeds one of these limits, or on allocation failure.
   explicit UpnpCdsResult(const char* didl) noexcept;
   ~UpnpCdsResult() override;
   UpnpCdsResult(const UpnpCdsResult&) = delete;

@@ -2,6 +2,7 @@
 #define VOND_NAME_VALUE_LIST_H_
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <string_view>
 
@@ -16,7 +17,7 @@
 class TARQ_HOST_API VondNameValueList {
  public:
   // Null: not valid.
-  // Errors: not valid when an item has an empty name before its "=", and on allocation failure.
+  // Errors: not valid when an item has an empty name before its "=", from 4 GiB on, and on allocation failure.
   explicit VondNameValueList(const char* string) noexcept;
   ~VondNameValueList();
   VondNameValueList(const VondNameValueList&) = delete;
@@ -33,15 +34,18 @@ class TARQ_HOST_API VondNameValueList {
     if (!valid_ || name == nullptr) return nullptr;
     const size_t length = std::strlen(name);
     for (const Item* item = items_; item != items_ + count_; ++item)
-      if (item->nameLength == length && std::memcmp(item->name, name, length) == 0) return item->value;
+      if (item->nameLength == length && std::memcmp(copy_ + item->name, name, length) == 0)
+        return item->value != 0 ? copy_ + item->value : nullptr;
     return nullptr;
   }
 
  private:
+  // Positions in the copy: pointers would make a list of two million items twice as large.
   struct Item {
-    const char* name;
-    size_t nameLength;
-    const char* value;
+    uint32_t name;
+    uint32_t nameLength;
+    // 0: the item has no value.
+    uint32_t value;
   };
   static constexpr size_t kInlineBytes = 256;
 

@@ -21,8 +21,7 @@ bool isPresent(const char* string) { return string != nullptr && *string != '\0'
 }  // namespace
 
 TarqDmrInvokeJava* TarqDmrInvokeJava::GetInstance() {
-  static constinit TarqDmrInvokeJava* instance = nullptr;
-  if (instance == nullptr) instance = new (std::nothrow) TarqDmrInvokeJava();
+  static TarqDmrInvokeJava* const instance = new (std::nothrow) TarqDmrInvokeJava();
   return instance;
 }
 

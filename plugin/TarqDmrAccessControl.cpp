@@ -5,8 +5,7 @@
 #include "TarqDmrPlugin.h"
 
 TarqDmrAccessControl* TarqDmrAccessControl::GetInstance() {
-  static constinit TarqDmrAccessControl* instance = nullptr;
-  if (instance == nullptr) instance = new (std::nothrow) TarqDmrAccessControl();
+  static TarqDmrAccessControl* const instance = new (std::nothrow) TarqDmrAccessControl();
   return instance;
 }
 

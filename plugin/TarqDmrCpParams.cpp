@@ -5,8 +5,7 @@
 #include "TarqDmrPlugin.h"
 
 TarqDmrCpParams* TarqDmrCpParams::GetInstance() {
-  static constinit TarqDmrCpParams* instance = nullptr;
-  if (instance == nullptr) instance = new (std::nothrow) TarqDmrCpParams();
+  static TarqDmrCpParams* const instance = new (std::nothrow) TarqDmrCpParams();
   return instance;
 }
 

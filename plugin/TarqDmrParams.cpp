@@ -10,8 +10,7 @@
 #include "TarqResourceChecker.h"
 
 TarqDmrParams* TarqDmrParams::GetInstance() {
-  static constinit TarqDmrParams* instance = nullptr;
-  if (instance == nullptr) instance = new (std::nothrow) TarqDmrParams();
+  static TarqDmrParams* const instance = new (std::nothrow) TarqDmrParams();
   return instance;
 }
 

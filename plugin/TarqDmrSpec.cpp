@@ -5,8 +5,7 @@
 #include "TarqDmrPlugin.h"
 
 TarqDmrSpec* TarqDmrSpec::GetInstance() {
-  static constinit TarqDmrSpec* instance = nullptr;
-  if (instance == nullptr) instance = new (std::nothrow) TarqDmrSpec();
+  static TarqDmrSpec* const instance = new (std::nothrow) TarqDmrSpec();
   return instance;
 }
 

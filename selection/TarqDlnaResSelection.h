@@ -12,8 +12,7 @@
 // document order. The contests ("select...ResIndex") write the format and the score of each.
 // Returns: a contest, the index of the chosen record from 0, or -1 when there is none.
 // Ownership: nothing.
-// Threads: an object and its records belong to one thread. The first selection of a process must end before
-//   another starts (it fills two process-wide maps); after that any number may run at once.
+// Threads: an object and its records belong to one thread; any number of objects may select at once.
 class TarqDlnaResSelection {
  public:
   explicit TarqDlnaResSelection(int32_t currentRegion) : region(currentRegion) {}

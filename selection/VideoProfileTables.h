@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cstdint>
 #include <string_view>
 
@@ -179,6 +180,6 @@ static_assert(!videoMimeTypes.back().chained, "a chained row has a next one");
 // Empty until the first selection of the process fills them, only read from then on.
 extern VondArrayMapT<VondString, int> profileMap;
 extern VondArrayMapT<VondString, int> mimeMap;
-extern bool profilesMapped;
+extern std::atomic<bool> profilesMapped;
 
 #endif  // VIDEO_PROFILE_TABLES_H_

@@ -1,5 +1,7 @@
 #include "UpnpCdsResult.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstring>
 #include <forward_list>
 #include <memory>
@@ -14,6 +16,16 @@
 namespace {
 
 constexpr size_t kMaxBytes = size_t{4} * 1024 * 1024;
+
+// Every node of pugixml but text begins with "<", every attribute has a "=", and each costs many times the
+// bytes that it has in the document. A real object has at most a few thousand of either.
+constexpr std::ptrdiff_t kMaxTags = 16'384;
+constexpr std::ptrdiff_t kMaxEqualSigns = 65'536;
+
+bool isSmall(std::string_view didl) {
+  return didl.size() <= kMaxBytes && std::count(didl.begin(), didl.end(), '<') <= kMaxTags &&
+         std::count(didl.begin(), didl.end(), '=') <= kMaxEqualSigns;
+}
 
 // White space between pieces of text is significant, so it is kept. The first piece of text of an element is
 // stored in the element itself, which usually saves a node. Text beside the root and a document type
@@ -208,7 +220,7 @@ UpnpAvResult::~UpnpAvResult() = default;
 
 UpnpCdsResult::UpnpCdsResult(const char* didl) noexcept : document_(nullptr) {
   const size_t length = didl != nullptr ? strnlen(didl, kMaxBytes + 1) : 0;
-  if (length == 0 || length > kMaxBytes) return;
+  if (length == 0 || !isSmall({didl, length})) return;
   try {
     auto document = std::make_unique<Document>();
     if (document->parse(didl, length)) document_ = document.release();

@@ -1,6 +1,7 @@
 #include "VondNameValueList.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 
@@ -30,6 +31,7 @@ const char* terminated(std::string_view value) {
 VondNameValueList::VondNameValueList(const char* string) noexcept {
   if (string == nullptr) return;
   const size_t bytes = std::strlen(string) + 1;
+  if (bytes > UINT32_MAX) return;
   copy_ = allocate(bytes, inlineCopy_);
   items_ = allocate(bytes / 2, inlineItems_);
   if (copy_ == nullptr || items_ == nullptr) return;
@@ -45,6 +47,7 @@ VondNameValueList::~VondNameValueList() {
 // Returns: false when an item has no name before its "=".
 bool VondNameValueList::split(std::string_view copy) noexcept {
   const char* const end = copy.data() + copy.size();
+  const auto position = [this](const char* byte) { return static_cast<uint32_t>(byte - copy_); };
   for (const char *begin = copy.data(), *next; begin < end; begin = next) {
     const char* itemEnd = find(begin, end, ';');
     const char* nameEnd = find(begin, itemEnd, '=');
@@ -52,9 +55,9 @@ bool VondNameValueList::split(std::string_view copy) noexcept {
     const std::string_view name = trim({begin, nameEnd});
     if (name.empty() && nameEnd != itemEnd) return false;
     if (name.empty()) continue;
-    const char* value = nullptr;
-    if (nameEnd != itemEnd) value = terminated(unquoted(trim({nameEnd + 1, itemEnd})));
-    items_[count_++] = {name.data(), name.size(), value};
+    uint32_t value = 0;
+    if (nameEnd != itemEnd) value = position(terminated(unquoted(trim({nameEnd + 1, itemEnd}))));
+    items_[count_++] = {position(name.data()), static_cast<uint32_t>(name.size()), value};
   }
   return true;
 }

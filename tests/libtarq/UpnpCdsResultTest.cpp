@@ -25,10 +25,19 @@ const auto kDocuments = stringRows(
      "<DIDL-Lite><item a=1/></DIDL-Lite> => invalid"});
 TEST_ROWS(UpnpCdsResult, Document, kDocuments) { EXPECT_EQ(objectsIn(row.input.c_str()), row.outcome); }
 
-TEST(UpnpCdsResult, TakesFourMebibytesAndNoPartOfADocument) {
+TEST(UpnpCdsResult, TakesADocumentWithinItsLimitsAndNoPartOfOne) {
   const std::string longest = "<DIDL-Lite/>" + std::string(size_t{4} * 1024 * 1024 - 12, ' ');
   EXPECT_EQ(objectsIn(longest.c_str()), "0");
   EXPECT_TRUE(objectsIn((longest + ' ').c_str()) == "invalid" && objectsIn(nullptr) == "invalid");
+  const auto crowded = [](size_t items, const char* rest) {
+    std::string didl = "<DIDL-Lite>";
+    for (; items > 0; --items) didl += "<item/>";
+    return objectsIn((didl + rest + "</DIDL-Lite>").c_str());
+  };
+  EXPECT_TRUE(crowded(16'382, "") == "16382" && crowded(16'383, "") == "invalid");
+  const std::string equalSigns(65'536, '=');
+  EXPECT_EQ(crowded(1, equalSigns.c_str()), "1");
+  EXPECT_EQ(crowded(1, (equalSigns + '=').c_str()), "invalid");
   const std::string whole =
       "<DIDL-Lite><item p='&amp;&#0;'>a<!-- c --><![CDATA[b]]><?pi?>&lt;</item></DIDL-Lite>";
   for (size_t length = 0; length < whole.size(); ++length)

@@ -5,6 +5,7 @@
 #include <regex>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "Checker.h"
@@ -141,6 +142,18 @@ TEST_ROWS(Checker, AsksForTheChosenElementOnly, kRequests) {
   const bool found = std::regex_search(request, mode, std::regex("transferMode.dlna.org: (\\w+)"));
   EXPECT_EQ(request.substr(0, 8) + (found ? mode[1].str() : "-") + " " + outcomeOf(*checker, code),
             row.outcome);
+}
+
+// A process of its own under ctest, so that these are its first selections.
+TEST(Checker, SelectsOnManyThreadsFromTheStart) {
+  const std::string metadata = didlText({resElement("a:*:video/x:DLNA.ORG_PN=MPEG_TS_SD_NA", "a")});
+  std::vector<std::unique_ptr<TarqResourceCheckerInterface>> checkers(16);
+  for (auto& checker : checkers) checker = newChecker();
+  std::vector<std::thread> threads;
+  for (auto& checker : checkers) {
+    threads.emplace_back([&] { EXPECT_EQ(checker->CheckResource(nullptr, metadata.c_str()), 0); });
+  }
+  for (std::thread& thread : threads) thread.join();
 }
 
 TEST(Checker, LogsItsSteps) {

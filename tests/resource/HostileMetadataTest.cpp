@@ -32,9 +32,15 @@ long peakKiB() {
 const std::string kRes = "<res protocolInfo='::audio/L16:";
 const HostileCase kHostile[] = {
     {"NestedElements",
-     [] { return kRes + "'>" + repeated("<nest>", 200'000) + repeated("</nest>", 200'000) + "u</res>"; },
+     [] { return kRes + "'>" + repeated("<nest>", 8'000) + repeated("</nest>", 8'000) + "u</res>"; },
      "0 0 audio/L16 []  LPCM"},
-    {"ManyRes", [] { return repeated(kRes + "'>u</res>", 100'000); }, "0 0 audio/L16 []  LPCM"},
+    {"ManyRes", [] { return repeated(kRes + "'>u</res>", 8'000); }, "0 0 audio/L16 []  LPCM"},
+    {"DenseRes", [] { return kRes + "'>u</res>" + repeated("<res/>", 16'000); }, "0 0 audio/L16 []  LPCM"},
+    {"TextPieces", [] { return kRes + "'>u" + repeated("u<a/>", 16'000) + "</res>"; },
+     "0 0 audio/L16 []  LPCM"},
+    {"Attributes", [] { return kRes + "'" + repeated(" a=''", 65'000) + ">u</res>"; },
+     "0 0 audio/L16 []  LPCM"},
+    {"TooManyTags", [] { return repeated("<res/>", 699'000); }, "55106"},
     {"LongAttribute", [] { return kRes + std::string(3 << 20, 'x') + "'>u</res>"; }, "0 0 audio/L16 [xxx"},
     {"LongList", [] { return kRes + repeated("x;", 3 << 19) + "'>u</res>"; }, "0 0 audio/L16 [x;x;x;"},
 };
@@ -53,7 +59,6 @@ TEST_ROWS(HostileMetadata, IsCheckedSoonAndInLittleMemory, kHostile) {
   const long kiB = peakKiB() - kiBBefore;
 
   EXPECT_THAT(outcomeOf(*checker, code), testing::StartsWith(row.outcome));
-  EXPECT_STREQ(checker->GetResource()->uri, "u");
   EXPECT_TRUE(kiB <= kMostKiB || !TARQ_COSTS_COUNT) << kiB << " KiB";
   EXPECT_TRUE(time <= kMostTime || !TARQ_COSTS_COUNT) << time / (CLOCKS_PER_SEC / 1000) << " ms";
 }

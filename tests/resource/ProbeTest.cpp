@@ -61,11 +61,6 @@ struct Item {
   std::string metadata;
 };
 
-// The first selection of the process ends before any other starts.
-void holdFirstSelection() {
-  newChecker()->CheckResource(nullptr, Item("http://a.invalid/").metadata.c_str());
-}
-
 // What the check makes of a server, after the code of the client where it failed.
 std::string outcomeOf(const std::string& url) {
   const auto checker = newChecker(2);
@@ -175,7 +170,6 @@ TEST(Probe, EndsAtTheTimeLimit) {
   RawHttpServer silenceInTheHeaders(endless(kMp3, "", 60s));
   RawHttpServer byteEveryHalfSecond(endless(kMp3, "X", 500ms));
   RawHttpServer interimAnswersForEver(endless("", kInterim, 100ms));
-  holdFirstSelection();
   const auto expectLimit = [](const std::string& url, std::chrono::seconds limit) {
     return std::async(std::launch::async, [url, limit, checker = newChecker()] {
       const Clock::time_point begin = Clock::now();
@@ -222,7 +216,6 @@ auto heldWhenQuiet() {
 TEST(Cancel, EndsAProbeAtAnyMomentAndLeavesNothing) {
   constexpr int kTries = 1'000;
   constexpr auto kLimit = TARQ_COSTS_COUNT ? 50ms : 500ms;
-  holdFirstSelection();
   cancelProbe(Item("http://nobody.invalid/"), 0us);
   const auto before = heldWhenQuiet();
   {

@@ -7,7 +7,6 @@
 
 #include "BatchInput.h"
 #include "BatchOutput.h"
-#include "HostSession.h"
 #include "OrderedWorkers.h"
 #include "ResultJson.h"
 
@@ -111,16 +110,8 @@ void BatchRun::deliverUpTo(size_t last) {
     output_.addLine(std::exchange(items_[delivered_].answer, {}));
 }
 
-// The first selection of the process fills tables that all others read, so it ends before any other starts.
-// Without a URL no server is asked.
-void holdFirstSelection(TarqDmrParamsInterface& params) {
-  newChecker(params)->CheckResource(
-      nullptr, "<DIDL-Lite><item><res protocolInfo='http-get:*:audio/mpeg:*'>a</res></item></DIDL-Lite>");
-}
-
 }  // namespace
 
 void runBatch(TarqDmrParamsInterface& params, const BatchOptions& options, const BatchAnswer& answer) {
-  if (options.jobs > 1) holdFirstSelection(params);
   BatchRun(params, options, answer).run();
 }

@@ -5,7 +5,9 @@
 
 namespace {
 
-constexpr size_t kMaxBytes = size_t{4} << 20;  // libtarq parses no more (UpnpCdsResult.h)
+// libtarq parses no more (UpnpCdsResult.h).
+constexpr size_t kMaxBytes = size_t{4} << 20;
+constexpr std::ptrdiff_t kMaxTags = 16'384;
 
 constexpr std::string_view kBlanks = " \t\r\n";
 
@@ -57,7 +59,8 @@ MetadataProblem diagnoseXml(std::string_view metadata) {
   const std::string_view root = localName(xml.document_element().name());
   if (root != "DIDL-Lite")
     return {"otherRoot", "its root element is " + std::string(root) + ", not DIDL-Lite"};
-  return {"notAlone", "something besides the root element is in it, or it has too many elements"};
+  if (std::ranges::count(metadata, '<') > kMaxTags) return {"tooManyTags", "it has more than 16,384 tags"};
+  return {"notAlone", "something besides the root element is in it"};
 }
 
 }  // namespace

@@ -6,19 +6,20 @@
 inline constexpr const char* kProgramHelp =
     "Examples:\n"
     "  tarq-dmr demo\n"
-    "  tarq-dmr check http://192.168.0.2:8200/MediaItems/23.mpg --metadata item.xml --region 1\n"
+    "  tarq-dmr check http://192.168.0.2:8200/23.mpg --metadata item.xml --region 1\n"
     "  tarq-dmr COMMAND --help\n\n";
 
 // After the help of every command with --region.
 inline constexpr const char* kRegionHelp =
-    "The region is a set of bits, decimal or 0x..., signed 32 bits; the host sets it to say where the\n"
-    "renderer is sold. It decides which media profiles are offered and which resources play; exactly 16\n"
-    "adds RealMedia. Default 0: only what every region has.\n\n";
+    "The region is a set of bits, decimal or 0x..., signed 32 bits; the host sets it\n"
+    "to say where the renderer is sold. It decides which media profiles are offered\n"
+    "and which resources play; exactly 16 adds RealMedia. Default 0: only what every\n"
+    "region has.\n\n";
 
 // At the very end.
 inline constexpr const char* kExitCodesHelp =
-    "Exit codes: 0 accepted or done, 1 refused or failed, 2 wrong usage, unreadable file or unusable "
-    "plug-in.";
+    "Exit codes: 0 accepted or done, 1 refused or failed, 2 wrong usage, unreadable\n"
+    "file or unusable plug-in.";
 
 inline constexpr const char* kInfoHelp =
     "Examples:\n"
@@ -32,38 +33,40 @@ inline constexpr const char* kSinkHelp =
 
 inline constexpr const char* kCheckHelp =
     "Examples:\n"
-    "  tarq-dmr check http://192.168.0.2:8200/MediaItems/23.mpg --metadata item.xml --region 1\n"
-    "  tarq-dmr check http://192.168.0.2:8200/MediaItems/23.mpg --metadata - --json < item.xml\n"
+    "  tarq-dmr check http://192.168.0.2:8200/23.mpg --metadata item.xml --region 1\n"
+    "  tarq-dmr check http://192.168.0.2:8200/23.mpg --metadata - --json < item.xml\n"
     "  tarq-dmr check --batch items.ndjson --jobs 8 > results.ndjson\n\n"
-    "A batch line is {\"uri\":\"...\",\"metadata\":\"...\" or null,\"region\":N}; metadata and region are\n"
-    "optional. For each line there is one JSON line, in the order of the input: {\"code\":0,...what to "
-    "play...}\n"
-    "when accepted, {\"code\":N,\"message\":\"...\"} when refused; the code is -1 when the line is not "
-    "valid\n"
-    "input. A batch that was read to its end exits with 0. It shows no log lines unless --log is given.\n\n";
+    "A batch line is {\"uri\":\"...\",\"metadata\":\"...\",\"region\":N}; metadata and region\n"
+    "are optional. For each line there is one JSON line, in the order of the input:\n"
+    "{\"code\":0,...what to play...} when accepted, {\"code\":N,\"message\":\"...\"} when\n"
+    "refused; the code is -1 when the line is not valid input. A batch that was read\n"
+    "to its end exits with 0.\n\n";
 
 inline constexpr const char* kPlayHelp =
     "Examples:\n"
-    "  tarq-dmr play http://192.168.0.2:8200/MediaItems/23.mp3 --metadata item.xml\n"
-    "  tarq-dmr play http://192.168.0.2:8200/MediaItems/23.mp3 --exec \"mpv --really-quiet {uri}\"\n"
-    "  tarq-dmr play http://192.168.0.2:8200/MediaItems/23.mp3 --handler-jar my.jar --handler my.Handler\n\n"
-    "Needs a Java VM, 17 or newer: the one in JAVA_HOME, else that of the java on the PATH, else an\n"
-    "installed one.\n"
-    "The program of --exec does the playing, and the track is over when it ends. Quote an argument with\n"
-    "blanks; {uri} is replaced; no shell is involved. Without --exec nothing is heard: the position "
-    "advances\n"
-    "to the duration given in the metadata, and a track of unknown duration goes on until Ctrl-C. Ctrl-C\n"
-    "stops the track and exits with 0; an error of the handler exits with 1. A handler is a public class\n"
-    "derived from com.orsa.tarq.dlna.TarqRendererHandler with a constructor without arguments.\n\n";
+    "  tarq-dmr play http://192.168.0.2:8200/23.mp3 --metadata item.xml\n"
+    "  tarq-dmr play http://192.168.0.2:8200/23.mp3 --exec \"mpv --really-quiet {uri}\"\n"
+    "  tarq-dmr play http://192.168.0.2:8200/23.mp3 --handler-jar my.jar \\\n"
+    "    --handler my.Handler\n\n"
+    "Needs a Java VM, 17 or newer: the one in JAVA_HOME, else that of the java on the\n"
+    "PATH, else an installed one.\n"
+    "The program of --exec does the playing, and the track is over when it ends.\n"
+    "Quote an argument with blanks; {uri} is replaced; no shell is involved. Without\n"
+    "--exec nothing is heard: the position advances to the duration given in the\n"
+    "metadata, and a track of unknown duration goes on until Ctrl-C. Ctrl-C stops the\n"
+    "track and exits with 0; an error of the handler exits with 1. A handler is a\n"
+    "public class derived from com.orsa.tarq.dlna.TarqRendererHandler with a\n"
+    "constructor without arguments.\n\n";
 
 inline constexpr const char* kExplainHelp =
     "Examples:\n"
-    "  tarq-dmr explain http://192.168.0.2:8200/MediaItems/23.mpg --metadata item.xml --region 1\n"
-    "  tarq-dmr explain http://192.168.0.2:8200/MediaItems/23.mpg --metadata item.xml --probe\n"
+    "  tarq-dmr explain http://192.168.0.2:8200/23.mpg --metadata item.xml --region 1\n"
+    "  tarq-dmr explain http://192.168.0.2:8200/23.mpg --metadata item.xml --probe\n"
     "  tarq-dmr explain --batch items.ndjson > why.ndjson\n\n"
-    "Takes the steps of a check and shows what each found: the candidates, their points, and what made each\n"
-    "eligible or excluded it. No server is asked unless --probe is given. The last line is the verdict.\n"
-    "A batch takes the lines of check --batch and writes one JSON line for each.\n\n";
+    "Takes the steps of a check and shows what each found: the candidates, their\n"
+    "points, and what made each eligible or excluded it. No server is asked unless\n"
+    "--probe is given. The last line is the verdict. A batch takes the lines of\n"
+    "check --batch and writes one JSON line for each.\n\n";
 
 inline constexpr const char* kDemoHelp =
     "Example:\n"

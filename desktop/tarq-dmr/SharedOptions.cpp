@@ -20,13 +20,19 @@ bool parseRegion(std::string_view digits, int32_t* region) {
 
 }  // namespace
 
-void addHostOptions(CLI::App& command, HostOptions& host, const char* logLevel) {
-  host.logLevel = logLevel;
+CLI::Validator notEmpty() {
+  return {[](const std::string& value) { return std::string(value.empty() ? "must not be empty" : ""); }, ""};
+}
+
+void addHostOptions(CLI::App& command, HostOptions& host) {
   command
       .add_option("--plugin", host.pluginPath,
-                  "Plug-in library (default: the one installed with this program)")
-      ->type_name("PATH");
-  command.add_option("--log", host.logLevel, "Log lines to show: debug, info, warn, error or silent")
+                  "Plug-in library (default: the one installed\nwith this program)")
+      ->type_name("PATH")
+      ->check(notEmpty());
+  command
+      .add_option("--log", host.logLevel,
+                  "Log lines to show: debug, info, warn, error\nor silent (default silent)")
       ->type_name("LEVEL")
       ->check(CLI::IsMember(std::vector<std::string>(kLogLevels.begin(), kLogLevels.end())).description(""));
 }
@@ -45,23 +51,33 @@ void addJson(CLI::App& command, bool& json, const char* description) {
 }
 
 CLI::Option* addUri(CLI::App& command, std::string& uri) {
-  return command.add_option("uri", uri, "The URI to play");
+  return command.add_option("uri", uri, "The URI to play")->type_name("")->check(notEmpty());
 }
 
 CLI::Option* addMetadata(CLI::App& command, OptionalFile& file) {
-  return command.add_option("--metadata", file, "DIDL-Lite of the item; - is standard input")
+  return command
+      .add_option("--metadata", file, "DIDL-Lite of the item; - is standard input\n(default: none)")
       ->type_name("FILE");
 }
 
-CLI::Option* addUriOrBatch(CLI::App& command, std::string& uri, OptionalFile& metadata, OptionalFile& batch,
-                           const char* batchDescription) {
-  CLI::Option* const uriOption = addUri(command, uri);
-  CLI::Option* const batchOption = command.add_option("--batch", batch, batchDescription)
-                                       ->type_name("FILE")
-                                       ->excludes(uriOption)
-                                       ->excludes(addMetadata(command, metadata));
-  command.callback([uriOption, batchOption] {
-    if (uriOption->empty() && batchOption->empty()) throw CLI::RequiredError("a URI or --batch");
+void addResourceOptions(CLI::App& command, ResourceOptions& options, const char* batchDescription) {
+  addHostOptions(command, options.host);
+  addRegion(command, options.region);
+  addJson(command, options.json, "One JSON line (a batch always writes JSON)");
+  const CLI::Option* const uri = addUri(command, options.uri);
+  const CLI::Option* const metadata = addMetadata(command, options.metadataFile);
+  const CLI::Option* const batch =
+      command.add_option("--batch", options.batchFile, batchDescription)->type_name("FILE");
+  const CLI::Option* const jobs =
+      command.add_option("--jobs", options.jobs, "Lines of a batch at once, 1 to 64 (default 1)")
+          ->type_name("N")
+          ->check(CLI::Range(1, 64).description(""));
+  // The parser would check this before it complains of a mistyped option, whose value it takes for the URI.
+  command.callback([uri, metadata, batch, jobs] {
+    if (uri->empty() && batch->empty()) throw CLI::RequiredError("a URI or --batch");
+    for (const CLI::Option* option : {uri, metadata}) {
+      if (!option->empty() && !batch->empty()) throw CLI::ExcludesError(option->get_name(), "--batch");
+    }
+    if (!jobs->empty() && batch->empty()) throw CLI::RequiresError("--jobs", "--batch");
   });
-  return batchOption;
 }

@@ -9,6 +9,7 @@
 #include "CheckCommand.h"
 #include "CommandError.h"
 #include "CommandHelp.h"
+#include "CommandLine.h"
 #include "DemoCommand.h"
 #include "ExplainCommand.h"
 #include "InfoCommand.h"
@@ -22,14 +23,14 @@ using Run = std::function<int()>;
 
 Run addInfo(CLI::App& command) {
   const auto options = std::make_shared<InfoOptions>();
-  addHostOptions(command, options->host, "debug");
+  addHostOptions(command, options->host);
   addJson(command, options->json, "One JSON object");
   return [options] { return runInfo(*options); };
 }
 
 Run addSink(CLI::App& command) {
   const auto options = std::make_shared<SinkOptions>();
-  addHostOptions(command, options->host, "debug");
+  addHostOptions(command, options->host);
   addRegion(command, options->region);
   command.add_flag("--raw", options->raw, "The exact SinkProtocolInfo string and a newline");
   return [options] { return runSink(*options); };
@@ -37,51 +38,48 @@ Run addSink(CLI::App& command) {
 
 Run addCheck(CLI::App& command) {
   const auto options = std::make_shared<CheckOptions>();
-  addHostOptions(command, options->host, "debug");
-  addRegion(command, options->region);
-  addJson(command, options->json, "One JSON line (a batch always writes JSON)");
-  CLI::Option* const batch = addUriOrBatch(command, options->uri, options->metadataFile, options->batchFile,
-                                           "Check every line of FILE; - is standard input");
-  command.add_option("--jobs", options->jobs, "Lines of a batch checked at once, 1 to 64 (default 1)")
-      ->type_name("N")
-      ->check(CLI::Range(1, 64).description(""))
-      ->needs(batch);
-  return [options, &command] {
-    if (options->batchFile && command.count("--log") == 0) options->host.logLevel = "silent";
-    return runCheck(*options);
-  };
+  addResourceOptions(command, *options, "Check every line of FILE; - is standard input");
+  return [options] { return runCheck(*options); };
 }
 
 Run addPlay(CLI::App& command) {
   const auto options = std::make_shared<PlayOptions>();
-  addHostOptions(command, options->host, "silent");
+  addHostOptions(command, options->host);
   addRegion(command, options->region);
-  addUri(command, options->uri)->required();
+  const CLI::Option* const uri = addUri(command, options->uri);
   addMetadata(command, options->metadataFile);
-  command.add_option("--next", options->nextUri, "What to play after it")->type_name("URI");
-  command.add_option("--handler-jar", options->handlerJar, "Jar file with a handler of your own")
-      ->type_name("JAR");
+  command.add_option("--next", options->nextUri, "What to play after it (default: nothing)")
+      ->type_name("URI")
+      ->check(notEmpty());
+  command
+      .add_option("--handler-jar", options->handlerJar,
+                  "Jar file with a handler of your own\n(default: none)")
+      ->type_name("JAR")
+      ->check(notEmpty());
   command.add_option("--handler", options->handlerClass, "Its class (default: the desktop handler)")
-      ->type_name("CLASS");
-  command.add_option("--exec", options->program, "Program that plays, with its arguments")->type_name("CMD");
+      ->type_name("CLASS")
+      ->check(notEmpty());
+  command
+      .add_option("--exec", options->program,
+                  "Program that plays, with its arguments\n(default: none, nothing is heard)")
+      ->type_name("CMD")
+      ->check(notEmpty());
+  command.callback([uri] {
+    if (uri->empty()) throw CLI::RequiredError("a URI");
+  });
   return [options] { return runPlay(*options); };
 }
 
 Run addExplain(CLI::App& command) {
   const auto options = std::make_shared<ExplainOptions>();
-  addHostOptions(command, options->host, "silent");
-  addRegion(command, options->region);
-  addJson(command, options->json, "One JSON line (a batch always writes JSON)");
-  command.add_flag("--probe", options->probe,
-                   "Ask the server where the check would, and show what came back");
-  addUriOrBatch(command, options->uri, options->metadataFile, options->batchFile,
-                "Explain every line of FILE; - is standard input");
+  addResourceOptions(command, *options, "Explain every line of FILE; - is standard input");
+  command.add_flag("--probe", options->probe, "Ask the server where the check would, and show\nits answer");
   return [options] { return runExplain(*options); };
 }
 
 Run addDemo(CLI::App& command) {
   const auto options = std::make_shared<DemoOptions>();
-  addHostOptions(command, options->host, "silent");
+  addHostOptions(command, options->host);
   return [options] { return runDemo(*options); };
 }
 
@@ -119,9 +117,11 @@ CommandRuns addCommands(CLI::App& app) {
 int runCommandLine(int argc, char** argv) {
   CLI::App app("Loads a DLNA renderer plug-in and uses it as the host of a renderer would.", "tarq-dmr");
   app.set_version_flag("--version", "tarq-dmr " TARQ_DMR_VERSION);
+  app.get_formatter()->column_width(22);  // of names, so that nothing is wider than 80 columns
   app.footer(std::string(kProgramHelp) + kExitCodesHelp);
   app.failure_message(usageError);
   const CommandRuns runs = addCommands(app);
+  rejectLeftovers(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -10,8 +10,8 @@
 
 // Which plug-in a command loads, and what it shows of the plug-in's log.
 struct HostOptions {
-  std::string pluginPath;          // empty: the one installed with this program
-  std::string logLevel = "debug";  // one of kLogLevels
+  std::string pluginPath;           // empty: the one installed with this program
+  std::string logLevel = "silent";  // one of kLogLevels
 };
 inline constexpr std::array kLogLevels = {"debug", "info", "warn", "error", "silent"};
 

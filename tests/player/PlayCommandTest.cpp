@@ -72,7 +72,7 @@ const struct {
     {"NoSuchClass", {kUri, "--handler", "no.Such"}, 2, "no.Such"},
     {"NoSuchJar", {kUri, "--handler-jar", "/no/such.jar"}, 2, "/no/such.jar"},
     {"HandlerWithoutPrograms", {kUri, "--handler", "java.lang.Object", "--exec", "x"}, 2, "java.lang.Object"},
-    {"NoUri", {}, 2, "uri"},
+    {"NoUri", {}, 2, "a URI is required"},
 };
 
 TEST_ROWS(Play, FailsInWords, kFailures) {

@@ -30,7 +30,7 @@ int explainBatch(TarqDmrParamsInterface& params, const ExplainOptions& options) 
   const auto answer = [&](JsonWriter& json, const BatchRequest& request) {
     writeExplanation(json, explain(params, request.uri, request.metadata, request.region, options.probe));
   };
-  runBatch(params, {*options.batchFile, options.region}, answer);
+  runBatch(params, {*options.batchFile, options.region, options.jobs}, answer);
   return kExitOk;
 }
 

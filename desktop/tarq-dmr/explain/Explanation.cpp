@@ -102,7 +102,8 @@ Verdict decide(TarqDmrParamsInterface& params, const Explanation& explanation, c
   Verdict verdict;
   const bool needsServer = explanation.probe && explanation.probe->isHttp;
   if (needsServer && !mayProbe) return verdict;
-  params.SetCurrentRegion(explanation.region);
+  // Already set in a batch, where several threads may be here.
+  if (params.GetCurrentRegion() != explanation.region) params.SetCurrentRegion(explanation.region);
   verdict.checker = newChecker(params);
   verdict.code = verdict.checker->CheckResource(explanation.uri.text, metadata);
   const bool unclear = verdict.code == kNothingPlayable || verdict.code == kServerError;

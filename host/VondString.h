@@ -44,6 +44,7 @@ class TARQ_HOST_API VondString {
  private:
   static constexpr size_t kInlineBytes = 24;  // profile names, MIME types and extensions fit
 
+  size_t room() const noexcept { return capacity_ != 0 ? capacity_ : kInlineBytes; }  // bytes, with the NUL
   void assign(const char* string, size_t length) noexcept;
   char* reserve(size_t length) noexcept;
   char* grow(size_t length) noexcept;

@@ -1,7 +1,5 @@
 #include "UpnpCdsResult.h"
 
-#include <algorithm>
-#include <cstddef>
 #include <cstring>
 #include <forward_list>
 #include <memory>
@@ -19,12 +17,18 @@ constexpr size_t kMaxBytes = size_t{4} * 1024 * 1024;
 
 // Every node of pugixml but text begins with "<", every attribute has a "=", and each costs many times the
 // bytes that it has in the document. A real object has at most a few thousand of either.
-constexpr std::ptrdiff_t kMaxTags = 16'384;
-constexpr std::ptrdiff_t kMaxEqualSigns = 65'536;
+constexpr size_t kMaxTags = 16'384;
+constexpr size_t kMaxEqualSigns = 65'536;
+
+bool hasAtMost(size_t count, char wanted, std::string_view didl) {
+  if (didl.size() <= count) return true;
+  for (size_t at = didl.find(wanted); at != didl.npos; at = didl.find(wanted, at + 1))
+    if (count-- == 0) return false;
+  return true;
+}
 
 bool isSmall(std::string_view didl) {
-  return didl.size() <= kMaxBytes && std::count(didl.begin(), didl.end(), '<') <= kMaxTags &&
-         std::count(didl.begin(), didl.end(), '=') <= kMaxEqualSigns;
+  return didl.size() <= kMaxBytes && hasAtMost(kMaxTags, '<', didl) && hasAtMost(kMaxEqualSigns, '=', didl);
 }
 
 // White space between pieces of text is significant, so it is kept. The first piece of text of an element is

@@ -13,7 +13,7 @@ VondString::VondString(const VondString& other) noexcept { assign(other.data_, o
 VondString::VondString(VondString&& other) noexcept { take(other); }
 
 VondString& VondString::operator=(const VondString& other) noexcept {
-  assign(other.data_, other.length_);
+  if (this != &other) assign(other.data_, other.length_);
   return *this;
 }
 
@@ -34,11 +34,20 @@ VondString& VondString::append(const char* string) noexcept {
   return *this;
 }
 
-// A part of this string always fits where the whole is, so nothing is freed under `string`.
+// `string` may be a part of this one.
 void VondString::assign(const char* string, size_t length) noexcept {
   if (string == nullptr) return release();
-  if (reserve(length) == nullptr) return;
-  std::memmove(data_, string, length);
+  if (length < room()) {
+    if (data_ == nullptr) data_ = inline_;
+    std::memmove(data_, string, length);
+  } else {
+    char* block = static_cast<char*>(std::malloc(length + 1));
+    if (block != nullptr) std::memcpy(block, string, length);
+    release();
+    if (block == nullptr) return;
+    data_ = block;
+    capacity_ = length + 1;
+  }
   data_[length] = '\0';
   length_ = length;
 }
@@ -46,7 +55,7 @@ void VondString::assign(const char* string, size_t length) noexcept {
 // Makes room for `length` bytes and a NUL after them, and keeps what is there.
 // Null: no memory; the string is absent.
 char* VondString::reserve(size_t length) noexcept {
-  if (length >= (capacity_ != 0 ? capacity_ : kInlineBytes)) return grow(length);
+  if (length >= room()) return grow(length);
   if (data_ == nullptr) data_ = inline_;
   return data_;
 }

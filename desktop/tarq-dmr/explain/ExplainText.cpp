@@ -89,7 +89,7 @@ void showAnswer(Steps& steps, const Verdict& verdict, bool byTable) {
 }
 
 std::string outcomeWords(int code, bool byTable) {
-  const std::string words = std::to_string(code) + ": " + describe(code);
+  std::string words = std::to_string(code) + ": " + describe(code);
   if (code != kAccepted) return words;
   return words + (byTable ? " if the table knows the answer, else " + std::to_string(kNothingPlayable)
                           : ", with the MIME type and content features of the answer");

@@ -15,7 +15,7 @@ import java.util.Set;
  * a track of unknown duration plays until it is stopped. The handler notices the end of a track at the
  * next call.
  */
-public final class DesktopRendererHandler extends TarqRendererHandler {
+public final class DesktopRendererHandler extends TarqRendererHandler implements PlaybackReport {
   /** The program could not be started. */
   public static final int PROGRAM_FAILED = 100;
 
@@ -36,6 +36,7 @@ public final class DesktopRendererHandler extends TarqRendererHandler {
   private ExternalProgram program; // null: no program is set
   private String uri = ""; // empty: nothing to play
   private String queuedUri = ""; // empty: nothing to play next
+  private String failure; // null: none
   private int durationMs; // 0: not known
   private int state = STOPPED;
 
@@ -57,6 +58,7 @@ public final class DesktopRendererHandler extends TarqRendererHandler {
     halt();
     load(currentUri);
     queuedUri = "";
+    failure = null;
     return OK;
   }
 
@@ -168,6 +170,18 @@ public final class DesktopRendererHandler extends TarqRendererHandler {
     return durationMs;
   }
 
+  @Override
+  public synchronized String currentSource() {
+    settle();
+    return uri;
+  }
+
+  @Override
+  public synchronized String failure() {
+    settle();
+    return failure;
+  }
+
   /** A program would take a URI that begins with "-" for an option. */
   private static boolean isPlayable(String uri) {
     return !uri.startsWith("-");
@@ -202,11 +216,13 @@ public final class DesktopRendererHandler extends TarqRendererHandler {
   }
 
   private int begin(double speed) {
+    failure = null;
     if (program != null) {
       try {
         program.start(uri);
       } catch (IOException e) {
-        System.err.println(e.getMessage());
+        failure = e.getMessage();
+        System.err.println(failure);
         return PROGRAM_FAILED;
       }
     }

@@ -51,19 +51,7 @@ Run addPlay(CLI::App& command) {
   command.add_option("--next", options->nextUri, "What to play after it (default: nothing)")
       ->type_name("URI")
       ->check(notEmpty());
-  command
-      .add_option("--handler-jar", options->handlerJar,
-                  "Jar file with a handler of your own\n(default: none)")
-      ->type_name("JAR")
-      ->check(notEmpty());
-  command.add_option("--handler", options->handlerClass, "Its class (default: the desktop handler)")
-      ->type_name("CLASS")
-      ->check(notEmpty());
-  command
-      .add_option("--exec", options->program,
-                  "Program that plays, with its arguments\n(default: none, nothing is heard)")
-      ->type_name("CMD")
-      ->check(notEmpty());
+  addPlayer(command, options->player);
   command.callback([uri] {
     if (uri->empty()) throw CLI::RequiredError("a URI");
   });

@@ -1,6 +1,8 @@
 #include "JavaHandler.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <memory>
 
 #include "CommandError.h"
 #include "TarqJniUtil.h"
@@ -36,6 +38,39 @@ void JavaHandler::setTrackDuration(int milliseconds) {
   if (method == nullptr) return;
   env_.CallVoidMethod(object_, method, jint{milliseconds});
   env_.ExceptionClear();
+}
+
+bool JavaHandler::open(const std::vector<std::string>& options) {
+  const jmethodID method = findMethod("open", "([Ljava/lang/String;)V");
+  if (method == nullptr) return false;
+  const jclass stringClass = env_.FindClass("java/lang/String");
+  const jobjectArray array = env_.NewObjectArray(static_cast<jsize>(options.size()), stringClass, nullptr);
+  for (size_t i = 0; i < options.size(); ++i) {
+    const jstring option = TarqJniUtil::NewJStringUTF8s(&env_, options[i].c_str());
+    env_.SetObjectArrayElement(array, static_cast<jsize>(i), option);
+    env_.DeleteLocalRef(option);
+  }
+  env_.CallVoidMethod(object_, method, array);
+  env_.ExceptionClear();
+  env_.DeleteLocalRef(array);
+  env_.DeleteLocalRef(stringClass);
+  return true;
+}
+
+std::optional<std::string> JavaHandler::failure() { return ask("failure"); }
+
+std::optional<std::string> JavaHandler::currentSource() { return ask("currentSource"); }
+
+std::optional<std::string> JavaHandler::ask(const char* name) {
+  const jmethodID method = findMethod(name, "()Ljava/lang/String;");
+  if (method == nullptr) return std::nullopt;
+  const jobject answer = env_.CallObjectMethod(object_, method);
+  env_.ExceptionClear();
+  char* copy = nullptr;
+  TarqJniUtil::NewCString(&env_, answer, &copy);
+  env_.DeleteLocalRef(answer);
+  const std::unique_ptr<char, decltype(&std::free)> owner(copy, std::free);
+  return copy == nullptr ? std::nullopt : std::optional<std::string>(copy);
 }
 
 jmethodID JavaHandler::findMethod(const char* name, const char* signature) {

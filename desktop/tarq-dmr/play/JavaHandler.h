@@ -3,7 +3,9 @@
 
 #include <jni.h>
 
+#include <optional>
 #include <string>
+#include <vector>
 
 // A Java object that plays, created by the name of its class. Methods that only some handlers have can be
 // called through it.
@@ -22,9 +24,16 @@ class JavaHandler {
 
   bool setProgram(const std::string& command);  // false: the handler runs no programs
   void setTrackDuration(int milliseconds);      // ignored when the handler has no such method
+  // Starts the player that the handler drives: false, the handler has none to start.
+  bool open(const std::vector<std::string>& options);
+
+  // What a PlaybackReport says; of another handler nothing is known.
+  std::optional<std::string> failure();
+  std::optional<std::string> currentSource();
 
  private:
   jmethodID findMethod(const char* name, const char* signature);
+  std::optional<std::string> ask(const char* method);
 
   JNIEnv& env_;
   jobject object_;

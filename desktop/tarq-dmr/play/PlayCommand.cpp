@@ -56,7 +56,8 @@ Checker checkSource(TarqDmrParamsInterface& params, const std::string& uri, cons
 }
 
 // Shows the track until it is over or interrupted, then how it ended.
-void follow(PlayerSession& session) {
+// Returns: the exit code.
+int follow(PlayerSession& session) {
   const char* outcome = "the track is over";
   {
     PlayProgress progress;
@@ -70,21 +71,20 @@ void follow(PlayerSession& session) {
       std::this_thread::sleep_for(kPollInterval);
     }
   }
-  std::puts(outcome);
+  const std::optional<std::string> failure = session.failure();
+  std::puts(failure ? ("the track failed: " + *failure).c_str() : outcome);
+  return failure ? kExitRefused : kExitOk;
 }
 
 // `next`: null for none.
-void play(TarqDmrPlayerInterface& player, const PlayOptions& options, const TarqResourceInfo& resource,
-          const char* metadata, const TarqResourceInfo* next) {
-  PlayerSession session(player, options.handlerJar, options.handlerClass);
-  if (!options.program.empty() && !session.handler().setProgram(options.program)) {
-    throw CommandError("the handler " + options.handlerClass + " runs no programs");
-  }
+int play(TarqDmrPlayerInterface& player, const PlayOptions& options, const TarqResourceInfo& resource,
+         const char* metadata, const TarqResourceInfo* next) {
+  PlayerSession session(player, options.player);
   const InterruptWatch watch;
   session.setSource(resource, metadata);
   if (next != nullptr) session.setNextSource(*next);
   session.start();
-  follow(session);
+  return follow(session);
 }
 
 }  // namespace
@@ -99,8 +99,8 @@ int runPlay(const PlayOptions& options) {
   try {
     const Checker source = checkSource(params, options.uri, metadata);
     const Checker next = options.nextUri ? checkSource(params, *options.nextUri, nullptr) : nullptr;
-    play(*host.GetPlayer(), options, *source->GetResource(), metadata, next ? next->GetResource() : nullptr);
-    return kExitOk;
+    return play(*host.GetPlayer(), options, *source->GetResource(), metadata,
+                next ? next->GetResource() : nullptr);
   } catch (const Refusal& refusal) {
     std::printf("refused (%d): %s\n", refusal.code, describe(refusal.code));
   } catch (const PlayerFailure& failure) {

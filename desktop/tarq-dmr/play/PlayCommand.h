@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "HostSession.h"
+#include "PlayerChoice.h"
 
 struct PlayOptions {
   HostOptions host;
@@ -11,9 +12,7 @@ struct PlayOptions {
   std::optional<std::string> metadataFile;  // "-": standard input
   int32_t region = 0;
   std::optional<std::string> nextUri;
-  std::string handlerJar;    // empty: only the one installed with this program
-  std::string handlerClass;  // empty: the desktop handler
-  std::string program;       // empty: none
+  PlayerChoice player;
 };
 int runPlay(const PlayOptions& options);
 

@@ -1,11 +1,13 @@
 #ifndef TARQ_DMR_PLAYER_SESSION_H_
 #define TARQ_DMR_PLAYER_SESSION_H_
 
+#include <memory>
+#include <optional>
 #include <string>
 
-#include "JavaHandler.h"
 #include "JavaVm.h"
 #include "PlayProgress.h"
+#include "PlayerChoice.h"
 #include "TarqDmrPlayerInterface.h"
 #include "TarqResourceCheckerInterface.h"
 
@@ -21,15 +23,11 @@ const char* describePlayerResult(int code);
 // Errors: every operation throws PlayerFailure.
 class PlayerSession {
  public:
-  // Both strings may be empty: only the jar installed with this program, and its desktop handler.
   // Errors: CommandError when there is no Java VM or no such handler, or the player does not accept it.
-  PlayerSession(TarqDmrPlayerInterface& player, const std::string& handlerJar,
-                const std::string& handlerClass);
+  PlayerSession(TarqDmrPlayerInterface& player, const PlayerChoice& choice);
   ~PlayerSession();
   PlayerSession(const PlayerSession&) = delete;
   PlayerSession& operator=(const PlayerSession&) = delete;
-
-  JavaHandler& handler() { return handler_; }
 
   // Passes on what a check found.
   // Null: `metadata` may be null.
@@ -38,10 +36,11 @@ class PlayerSession {
   void start();
   void stop();
   PlayMoment moment();
+  std::optional<std::string> failure() { return handler_->failure(); }
 
  private:
   JavaVm vm_;
-  JavaHandler handler_;
+  std::unique_ptr<JavaHandler> handler_;
   TarqDmrPlayerInterface& player_;
 };
 

@@ -52,6 +52,10 @@ Run addPlay(CLI::App& command) {
       ->type_name("URI")
       ->check(notEmpty());
   command
+      .add_option("--next-metadata", options->nextMetadataFile,
+                  "DIDL-Lite of that item; - is standard input\n(default: none)")
+      ->type_name("FILE");
+  command
       .add_option("--handler-jar", options->handlerJar,
                   "Jar file with a handler of your own\n(default: none)")
       ->type_name("JAR")
@@ -64,8 +68,11 @@ Run addPlay(CLI::App& command) {
                   "Program that plays, with its arguments\n(default: none, nothing is heard)")
       ->type_name("CMD")
       ->check(notEmpty());
-  command.callback([uri] {
+  command.callback([=] {
     if (uri->empty()) throw CLI::RequiredError("a URI");
+    if (options->nextMetadataFile && !options->nextUri) throw CLI::RequiresError("--next-metadata", "--next");
+    if (options->metadataFile == "-" && options->nextMetadataFile == "-")
+      throw CLI::ValidationError("--metadata and --next-metadata", "only one can be standard input");
   });
   return [options] { return runPlay(*options); };
 }

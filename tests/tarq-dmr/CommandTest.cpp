@@ -13,6 +13,7 @@ using testing::Contains;
 using testing::ContainsRegex;
 using testing::EndsWith;
 using testing::HasSubstr;
+using testing::MatchesRegex;
 using testing::StartsWith;
 using Arguments = std::vector<std::string>;
 
@@ -63,7 +64,8 @@ TEST_ROWS(Check, RefusalSaysWhy, kRefusals) {
   const Outcome text = runProgram({"check", server.url()});
   EXPECT_TRUE(json.exitCode == 1 && text.exitCode == 1);
   EXPECT_EQ(json.out, "{\"code\":" + code + ",\"message\":\"" + row.message + "\"}\n");
-  EXPECT_EQ(linesOf(text.out)[0], "refused (" + code + "): " + row.message);
+  const std::string why = "why: /.*/tarq-dmr explain " + server.url() + " --probe\n";
+  EXPECT_THAT(text.out, MatchesRegex("refused \\(" + code + "\\): " + row.message + "\n" + why));
   EXPECT_EQ(json.err, "");
   EXPECT_EQ(text.err, "");
 }

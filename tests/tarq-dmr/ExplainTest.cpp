@@ -136,7 +136,8 @@ TEST(Explain, WritesJsonForOneAndForABatch) {
 
 TEST(Explain, CheckTellsHowToAskWhy) {
   const Outcome outcome = runProgram({"check", "it's", "--region", "2", "--metadata", "-"}, "<x/>");
-  EXPECT_THAT(outcome.out, EndsWith("\nwhy: tarq-dmr explain 'it'\\''s' --metadata '-' --region 2\n"));
+  EXPECT_THAT(outcome.out, EndsWith("/tarq-dmr explain 'it'\\''s' --metadata - --region 2"
+                                    "  # with the same metadata on standard input\n"));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "CommandError.h"
+#include "JavaVm.h"
 #include "TarqJniUtil.h"
 
 JavaHandler::JavaHandler(JNIEnv& env, const std::string& className) : env_(env) {
@@ -12,7 +13,6 @@ JavaHandler::JavaHandler(JNIEnv& env, const std::string& className) : env_(env) 
   const jmethodID constructor = found == nullptr ? nullptr : env.GetMethodID(found, "<init>", "()V");
   object_ = constructor == nullptr ? nullptr : env.NewObject(found, constructor);
   if (object_ == nullptr || env.ExceptionCheck()) {
-    env.ExceptionDescribe();
     env.ExceptionClear();
     throw CommandError("cannot create a handler of the Java class " + className);
   }
@@ -36,6 +36,22 @@ void JavaHandler::setTrackDuration(int milliseconds) {
   if (method == nullptr) return;
   env_.CallVoidMethod(object_, method, jint{milliseconds});
   env_.ExceptionClear();
+}
+
+int JavaHandler::currentTrack() {
+  const jmethodID method = findMethod("getCurrentTrack", "()I");
+  if (method == nullptr) return 1;
+  const int track = env_.CallIntMethod(object_, method);
+  env_.ExceptionClear();
+  return track;
+}
+
+std::string JavaHandler::failure() {
+  const jmethodID method = findMethod("getFailure", "()Ljava/lang/String;");
+  if (method == nullptr) return "";
+  const jobject reason = env_.CallObjectMethod(object_, method);
+  env_.ExceptionClear();
+  return takeJavaString(env_, reason);
 }
 
 jmethodID JavaHandler::findMethod(const char* name, const char* signature) {

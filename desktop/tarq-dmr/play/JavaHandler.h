@@ -22,6 +22,8 @@ class JavaHandler {
 
   bool setProgram(const std::string& command);  // false: the handler runs no programs
   void setTrackDuration(int milliseconds);      // ignored when the handler has no such method
+  int currentTrack();     // since the source was set, from 1; always 1 when the handler has no such method
+  std::string failure();  // why a call failed or a track ended early; empty: nothing is known
 
  private:
   jmethodID findMethod(const char* name, const char* signature);

@@ -11,9 +11,10 @@ struct PlayOptions {
   std::optional<std::string> metadataFile;  // "-": standard input
   int32_t region = 0;
   std::optional<std::string> nextUri;
-  std::string handlerJar;    // empty: only the one installed with this program
-  std::string handlerClass;  // empty: the desktop handler
-  std::string program;       // empty: none
+  std::optional<std::string> nextMetadataFile;  // "-": standard input
+  std::string handlerJar;                       // empty: only the one installed with this program
+  std::string handlerClass;                     // empty: the desktop handler
+  std::string program;                          // empty: none
 };
 int runPlay(const PlayOptions& options);
 

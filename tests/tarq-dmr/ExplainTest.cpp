@@ -71,8 +71,8 @@ const struct {
 } kProbes[] = {
     {"ByType", "200 OK\r\nContent-Type: video/mp4", "0", "accepted (0): no res, format MPEG4\n",
      R"("lookedUp":"MIME type \"video/mp4\"")"},
-    {"ByName", "200 OK\r\nContent-Type: a/b\r\ncontentFeatures.dlna.org: DLNA.ORG_PN=NO\x1B", "55106",
-     "looked up   profile name \"NO\\x1b\"", R"("lookedUp":"profile name \"NO\u001B\"")"},
+    {"ByName", "200 OK\r\nContent-Type: a/b\r\ncontentFeatures.dlna.org: DLNA.ORG_PN=NO\tX", "55106",
+     "looked up   profile name \"NO\\x09X\"", R"("lookedUp":"profile name \"NO\tX\"")"},
     {"NotFound", "404 No", "55108", "status 404, content type -", R"("lookedUp":"nothing: the server sent neither")"},
     {"Busy", "503 No", "55107", "answer      the server answered 503\n\nVerdict: refused (55107)", R"("sent":true,"answer":{})"},
 };

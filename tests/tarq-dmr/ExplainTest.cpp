@@ -115,12 +115,14 @@ const struct {
     {"NoRes", "http://a.example/", "<DIDL-Lite><item/></DIDL-Lite>", "its first object has no res element"},
     {"Internet", "http://a.example/", "<x/>", "No server is asked: only servers on the home network are asked"},
     {"Rvu", "http://127.0.0.1/", "RVUALLIANCE", "No server is asked: RVU content is never probed"},
+    {"UnusableUrl", "http://127.0.0.1:99999/", "<x/>", "Verdict: refused (55108): not a usable URL\n"},
     {"QuickTest", "http://a.example/a.mp4", "<x/>", "as video/*, no res chosen"},
 };
 // clang-format on
 
 TEST_ROWS(Explain, TellsWhatIsMissing, kMissing) {
-  EXPECT_THAT(runProgram({"explain", row.uri, "--metadata", "-"}, row.metadata).out, HasSubstr(row.phrase));
+  EXPECT_THAT(runProgram({"explain", row.uri, "--probe", "--metadata", "-"}, row.metadata).out,
+              HasSubstr(row.phrase));
 }
 
 TEST(Explain, WritesJsonForOneAndForABatch) {

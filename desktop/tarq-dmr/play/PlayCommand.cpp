@@ -51,6 +51,7 @@ using Checker = std::unique_ptr<TarqResourceCheckerInterface>;
 Checker checkSource(TarqDmrParamsInterface& params, const std::string& uri, const char* metadata) {
   Checker checker = newChecker(params);
   const int code = checker->CheckResource(uri.c_str(), metadata);
+  requireNoShortage();
   if (code != kAccepted) throw Refusal{code};
   return checker;
 }

@@ -30,6 +30,7 @@ int checkOne(TarqDmrParamsInterface& params, const CheckOptions& options, const 
   params.SetCurrentRegion(options.region);
   const auto checker = newChecker(params);
   const int code = checker->CheckResource(options.uri.c_str(), metadata);
+  requireNoShortage();
   printResult(code, *checker->GetResource(), options);
   return code == kAccepted ? kExitOk : kExitRefused;
 }

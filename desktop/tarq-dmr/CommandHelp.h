@@ -19,7 +19,7 @@ inline constexpr const char* kRegionHelp =
 // At the very end.
 inline constexpr const char* kExitCodesHelp =
     "Exit codes: 0 accepted or done, 1 refused or failed, 2 wrong usage, unreadable\n"
-    "file or unusable plug-in.";
+    "file, unusable plug-in, or too few descriptors or memory to ask a server.";
 
 inline constexpr const char* kInfoHelp =
     "Examples:\n"
@@ -40,7 +40,8 @@ inline constexpr const char* kCheckHelp =
     "are optional. For each line there is one JSON line, in the order of the input:\n"
     "{\"code\":0,...what to play...} when accepted, {\"code\":N,\"message\":\"...\"} when\n"
     "refused; the code is -1 when the line is not valid input. A batch that was read\n"
-    "to its end exits with 0.\n\n";
+    "to its end exits with 0. A job needs up to 6 descriptors; where ulimit -n leaves\n"
+    "fewer, fewer jobs run.\n\n";
 
 inline constexpr const char* kPlayHelp =
     "Examples:\n"

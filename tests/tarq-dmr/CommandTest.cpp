@@ -73,7 +73,7 @@ TEST_ROWS(Check, RefusalSaysWhy, kRefusals) {
 TEST(Check, AcceptanceSaysWhatToPlay) {
   const RawHttpServer server(
       "HTTP/1.1 200 OK\r\n"  // without a type, so that the element's own stays
-      "contentFeatures.dlna.org: DLNA.ORG_OP=10;A=\"\xFF\\\xC3\xA9\x1B\"\r\n\r\n");
+      "contentFeatures.dlna.org: DLNA.ORG_OP=10;A=\"\xFF\\\xC3\xA9\t\"\r\n\r\n");
   const std::string metadata =
       "<DIDL-Lite><item><res size='5'/><res "
       "protocolInfo='http-get:*:video/mpeg:DLNA.ORG_PN=MPEG1;DLNA.ORG_OP=01' "
@@ -87,10 +87,10 @@ TEST(Check, AcceptanceSaysWhatToPlay) {
   EXPECT_EQ(json.out, R"({"code":0,"uri":")" + server.url("/v.mpg") +
                           R"(","mimeType":"video/mpeg","additionalInfo":"DLNA.ORG_OP=10;A=\")" +
                           "\uFFFD\\\\\u00E9" +
-                          R"(\u001B\"","resIndex":1,"size":"7","duration":"","reserved":"",)"
+                          R"(\t\"","resIndex":1,"size":"7","duration":"","reserved":"",)"
                           R"("operation":"01","contentFormat":"MPEG1"})"
                           "\n");
-  EXPECT_THAT(text.out, AllOf(StartsWith("accepted\n"), HasSubstr("\\x1b"), EndsWith(" MPEG1\n")));
+  EXPECT_THAT(text.out, AllOf(StartsWith("accepted\n"), HasSubstr("\\x09"), EndsWith(" MPEG1\n")));
 }
 
 TEST(Sink, ListsTheEntriesOfTheRegion) {

@@ -51,6 +51,7 @@ std::vector<Source> readSources(const PlayOptions& options) {
 void check(TarqDmrParamsInterface& params, Source& source) {
   source.checker = newChecker(params);
   const int code = source.checker->CheckResource(source.options.uri.c_str(), source.didl());
+  requireNoShortage();
   if (code != kAccepted) throw Refusal{code, source.options};
 }
 

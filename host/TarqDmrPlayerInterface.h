@@ -44,6 +44,8 @@ class TarqDmrPlayerInterface {
   // Threads: one inside the Java VM, with `env`; no other `AddCb` or `RemoveCb` may run.
   virtual int AddCb(JNIEnv* env, jobject handler) = 0;
   // Returns: kPlayerInvalidState when there is no handler.
+  // Ownership: deletes the global reference to the handler. An operation that still runs would use it and crash
+  //   the Java VM: wait until all have returned.
   // Threads: one inside the Java VM, with `env`; no other operation of the player may run.
   virtual int RemoveCb(JNIEnv* env) = 0;
 

@@ -67,8 +67,11 @@ class TARQ_HOST_API UpnpCdsResult : public UpnpAvResult {
  public:
   // Null: not parsed.
   // Units: at most 4 MiB, 16,384 times "<" (every tag and comment has one) and 65,536 times "=".
-  // Errors: not parsed either when the string is not well-formed XML, has another root than `DIDL-Lite` or a
-  //   document type declaration, exceeds one of these limits, or on allocation failure.
+  // Errors: not parsed either when tags do not match, something other than white space, comments and an XML
+  //   declaration is beside the root, the root is not `DIDL-Lite`, an attribute value has no quotes, text has a
+  //   "<" that begins no tag, there is a document type declaration, a limit is exceeded, or on allocation
+  //   failure. Control points get other things wrong, and these are taken as they are: "&" that begins no
+  //   entity, unknown entities, "<" in attribute values, repeated attributes, bytes that are not UTF-8.
   explicit UpnpCdsResult(const char* didl) noexcept;
   ~UpnpCdsResult() override;
   UpnpCdsResult(const UpnpCdsResult&) = delete;

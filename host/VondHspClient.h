@@ -6,7 +6,8 @@
 #include "VondString.h"
 
 // The host's HTTP client: one HEAD request to a media server, HTTP/1.1 with DLNA headers. It speaks http
-// only, uses no proxy, follows no redirect and opens one connection for each request.
+// only, uses no proxy, follows no redirect and opens one connection for each request. Bytes above 127 in the
+// path and the query of a URL are percent-encoded; a user and a password in it are not sent.
 // Units: 5 s to connect, 15 s for the whole request.
 // Source: DLNA guidelines, part 1-1, 7.5.4.
 
@@ -60,6 +61,7 @@ class TARQ_HOST_API VondHspClient {
 
   // Sends the request and waits for the answer. `response` is written only on success.
   // Returns: 0, or a VondHspError.
+  // Errors: an answer with a control byte other than a tab in one of the two header values is not valid.
   // Null: a null `url` is refused; `response` must not be null.
   int Head(const char* url, const VondHspDlnaRequest& request, VondHspDlnaResponse* response) noexcept;
   // Returns at once; a waiting `Head` ends with kVondHspCancelled within 50 ms, and so does every later one.
@@ -67,10 +69,15 @@ class TARQ_HOST_API VondHspClient {
   // Drops the connection, if there is one.
   void Close() noexcept;
 
+  // For the application, which sees only result codes of checks.
+  // Returns: how many requests of this process ended with kVondHspNoResources.
+  // Threads: any.
+  static unsigned int GetNumOfShortages() noexcept;
+
  private:
   struct Transfer;
 
-  // Null after an allocation failure.
+  // Null when there was no memory or no descriptor for it.
   Transfer* transfer_;
 };
 

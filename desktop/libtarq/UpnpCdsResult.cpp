@@ -202,9 +202,10 @@ struct UpnpCdsResult::Document {
 };
 
 bool UpnpCdsResult::Document::parse(const char* didl, size_t length) {
-  text.reset(new char[length]);
-  std::memcpy(text.get(), didl, length);
-  if (!xml.load_buffer_inplace(text.get(), length, kParseFlags, pugi::encoding_utf8)) return false;
+  // With the NUL: pugixml overlooks a junk byte where it is to put one itself.
+  text.reset(new char[length + 1]);
+  std::memcpy(text.get(), didl, length + 1);
+  if (!xml.load_buffer_inplace(text.get(), length + 1, kParseFlags, pugi::encoding_utf8)) return false;
 
   const pugi::xml_node root = rootOf(xml);
   const std::string_view name = root.name();

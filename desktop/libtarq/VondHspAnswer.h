@@ -10,11 +10,12 @@
 // checks the status line itself, because libcurl takes "HTTP/" with anything after it for status 200. Interim
 // answers (status 1xx) may come before the final one: every status line starts again.
 // Ownership: the object copies the two values.
-// Source: RFC 7230 3.
+// Source: RFC 9112, RFC 9110 5.5.
 class VondHspAnswer {
  public:
   // Takes one line as received, with its line end.
-  // Returns: false when this is not an HTTP answer, or when all lines together exceed the limit of 300 KiB.
+  // Returns: false when this is not an HTTP answer, when one of the two values has a control byte other than a
+  //   tab, or when all lines together exceed the limit of 300 KiB.
   bool AddLine(std::string_view line) noexcept;
 
   // Returns: 0 before the status line.
@@ -27,8 +28,8 @@ class VondHspAnswer {
 
  private:
   bool begin(std::string_view line) noexcept;
-  void addHeader(std::string_view line) noexcept;
-  void addFolded(std::string_view text) noexcept;
+  bool addHeader(std::string_view line) noexcept;
+  bool addFolded(std::string_view text) noexcept;
 
   size_t bytes_ = 0;
   int status_ = 0;

@@ -1,11 +1,17 @@
 #include "VondHspClient.h"
 
+#include <android/log.h>
 #include <curl/curl.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 #include <atomic>
+#include <cerrno>
+#include <iterator>
 #include <new>
 
-#include "AsciiText.h"
+#include "AbandonedLookups.h"
+#include "RequestUrl.h"
 #include "VondHspAnswer.h"
 
 namespace {
@@ -14,6 +20,11 @@ constexpr long kConnectLimitMs = 5'000;
 constexpr long kRequestLimitMs = 15'000;
 // libcurl wakes up earlier when one of its own limits requires it.
 constexpr int kLongestSleepMs = 1'000;
+
+constexpr char kLogTag[] = "libtarq";
+
+std::atomic<unsigned int> shortages = 0;
+AbandonedLookups abandonedLookups;
 
 bool initialiseCurl() {
   static const bool ready = curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK;
@@ -45,7 +56,7 @@ int toHspError(CURLcode code) {
     // VondHspAnswer refused a line.
     case CURLE_WRITE_ERROR:
     case CURLE_BAD_CONTENT_ENCODING:
-    // What libcurl reports when one header line exceeds 100 KiB.
+    // What libcurl reports when one header line exceeds 100 KiB; without a connection it is a shortage.
     case CURLE_OUT_OF_MEMORY:
       return kVondHspInvalidAnswer;
     case CURLE_RECV_ERROR:
@@ -59,6 +70,29 @@ int toHspError(CURLcode code) {
     default:
       return kVondHspRefused;
   }
+}
+
+bool isShortage(long error) {
+  return error == EMFILE || error == ENFILE || error == ENOBUFS || error == ENOMEM;
+}
+
+// Notes in `noSocket` that the process or the system has none left; otherwise libcurl would do the same, but let
+// programs that are started meanwhile inherit the socket.
+curl_socket_t openSocket(void* noSocket, curlsocktype, curl_sockaddr* address) {
+  const int fd = socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
+  if (fd < 0 && isShortage(errno)) *static_cast<bool*>(noSocket) = true;
+  return fd;
+}
+
+// Whether a name lookup finds the descriptors that it needs, two for libcurl and one for the resolver. When it
+// does not, the name just counts as not resolved.
+bool hasRoomForLookup() {
+  int fds[3];
+  size_t count = 0;
+  while (count < std::size(fds) && (fds[count] = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0)) >= 0) ++count;
+  const bool room = count == std::size(fds) || !isShortage(errno);
+  while (count > 0) close(fds[--count]);
+  return room;
 }
 
 size_t onHeaderLine(char* line, size_t, size_t length, void* answer) {
@@ -75,31 +109,50 @@ struct VondHspClient::Transfer {
     curl_multi_cleanup(multi);
   }
 
-  bool prepare(const char* url, const VondHspDlnaRequest& request);
+  int head(const char* string, const VondHspDlnaRequest& request);
+  bool prepare(const VondHspDlnaRequest& request);
   bool addHeaders(const VondHspDlnaRequest& request);
   int run();
   int result();
+  bool ranShort(CURLcode code) const;
+  bool waitsForLookup() const;
   void drop();
 
   CURLM* multi = nullptr;
   CURL* easy = nullptr;
+  RequestUrl url;
   curl_slist* headers = nullptr;
+  bool noSocket = false;
   VondHspAnswer answer;
   std::atomic<bool> cancelled = false;
   bool cancellable = false;
 };
 
-bool VondHspClient::Transfer::prepare(const char* url, const VondHspDlnaRequest& request) {
+int VondHspClient::Transfer::head(const char* string, const VondHspDlnaRequest& request) {
+  drop();
+  if (const int error = url.parse(string); error != 0) return error;
+  if (cancelled) return kVondHspCancelled;
+  const bool looksUp = url.hasHostName();
+  // The name server does not answer now: one more thread that waits for it would not find out more.
+  if (looksUp && abandonedLookups.areTooMany()) return kVondHspTimedOut;
+  if (!prepare(request)) return kVondHspNoResources;
+  const int error = run();
+  if (looksUp && waitsForLookup() && (error == kVondHspTimedOut || error == kVondHspCancelled))
+    abandonedLookups.add();
+  return error;
+}
+
+bool VondHspClient::Transfer::prepare(const VondHspDlnaRequest& request) {
   easy = curl_easy_init();
   if (easy == nullptr || !addHeaders(request)) return false;
   answer = VondHspAnswer();
+  noSocket = false;
   bool accepted = true;
   const auto set = [&](CURLoption option, auto value) {
     accepted = accepted && curl_easy_setopt(easy, option, value) == CURLE_OK;
   };
-  set(CURLOPT_URL, url);
+  set(CURLOPT_CURLU, url.get());
   set(CURLOPT_PROTOCOLS_STR, "http");
-  set(CURLOPT_PATH_AS_IS, 1L);
   set(CURLOPT_NOBODY, 1L);
   // No body is read, so a broken length does no harm.
   set(CURLOPT_IGNORE_CONTENT_LENGTH, 1L);
@@ -111,6 +164,8 @@ bool VondHspClient::Transfer::prepare(const char* url, const VondHspDlnaRequest&
   set(CURLOPT_PROXY, "");
   set(CURLOPT_NOPROXY, "*");
   set(CURLOPT_FORBID_REUSE, 1L);
+  set(CURLOPT_OPENSOCKETFUNCTION, &openSocket);
+  set(CURLOPT_OPENSOCKETDATA, static_cast<void*>(&noSocket));
   // Time limits without SIGALRM, because there are other threads.
   set(CURLOPT_NOSIGNAL, 1L);
   // A name lookup that hangs is abandoned, not waited for.
@@ -135,9 +190,9 @@ bool VondHspClient::Transfer::addHeaders(const VondHspDlnaRequest& request) {
 // ends the next wait.
 int VondHspClient::Transfer::run() {
   for (int running = 1; !cancelled;) {
-    if (curl_multi_perform(multi, &running) != CURLM_OK) return kVondHspRefused;
+    if (curl_multi_perform(multi, &running) != CURLM_OK) return kVondHspNoResources;
     if (running == 0) return result();
-    if (curl_multi_poll(multi, nullptr, 0, kLongestSleepMs, nullptr) != CURLM_OK) return kVondHspRefused;
+    if (curl_multi_poll(multi, nullptr, 0, kLongestSleepMs, nullptr) != CURLM_OK) return kVondHspNoResources;
   }
   return kVondHspCancelled;
 }
@@ -145,9 +200,34 @@ int VondHspClient::Transfer::run() {
 int VondHspClient::Transfer::result() {
   int messagesLeft = 0;
   const CURLMsg* message = curl_multi_info_read(multi, &messagesLeft);
-  if (message == nullptr) return kVondHspRefused;
-  if (message->data.result != CURLE_OK) return toHspError(message->data.result);
-  return answer.IsComplete() ? 0 : kVondHspConnectionLost;
+  if (message == nullptr) return kVondHspNoResources;
+  const CURLcode code = message->data.result;
+  if (code == CURLE_OK) return answer.IsComplete() ? 0 : kVondHspConnectionLost;
+  return ranShort(code) ? kVondHspNoResources : toHspError(code);
+}
+
+// libcurl has the same codes for what this process lacks and for what the server did wrong.
+bool VondHspClient::Transfer::ranShort(CURLcode code) const {
+  long connectError = 0;
+  curl_off_t connected = 0;
+  curl_easy_getinfo(easy, CURLINFO_OS_ERRNO, &connectError);
+  curl_easy_getinfo(easy, CURLINFO_CONNECT_TIME_T, &connected);
+  switch (code) {
+    case CURLE_COULDNT_CONNECT:
+      return noSocket || isShortage(connectError);
+    case CURLE_COULDNT_RESOLVE_HOST:
+      return !hasRoomForLookup();
+    case CURLE_OUT_OF_MEMORY:
+      return connected == 0;
+    default:
+      return false;
+  }
+}
+
+bool VondHspClient::Transfer::waitsForLookup() const {
+  curl_off_t lookedUp = 0;
+  curl_easy_getinfo(easy, CURLINFO_NAMELOOKUP_TIME_T, &lookedUp);
+  return lookedUp == 0;
 }
 
 void VondHspClient::Transfer::drop() {
@@ -166,18 +246,22 @@ VondHspClient::VondHspClient(bool cancellable) noexcept : transfer_(nullptr) {
   if (transfer_ == nullptr) return;
   transfer_->cancellable = cancellable;
   transfer_->multi = curl_multi_init();
+  // libcurl goes on without the descriptors for this, but `Cancel` needs them.
+  if (curl_multi_wakeup(transfer_->multi) == CURLM_OK) return;
+  delete transfer_;
+  transfer_ = nullptr;
 }
 
 VondHspClient::~VondHspClient() { delete transfer_; }
 
 int VondHspClient::Head(const char* url, const VondHspDlnaRequest& request,
                         VondHspDlnaResponse* response) noexcept {
-  if (url == nullptr || !startsWithIgnoringCase(url, "http://")) return kVondHspRefused;
-  if (transfer_ == nullptr || transfer_->multi == nullptr) return kVondHspRefused;
-  transfer_->drop();
-  if (!transfer_->prepare(url, request)) return kVondHspRefused;
-  if (const int error = transfer_->run(); error != 0) return error;
-
+  const int error = transfer_ != nullptr ? transfer_->head(url, request) : kVondHspNoResources;
+  if (error == kVondHspNoResources) ++shortages;
+  if (error != 0) {
+    __android_log_print(ANDROID_LOG_DEBUG, kLogTag, "HEAD failed (%d): %s", error, VondHspErrorText(error));
+    return error;
+  }
   response->statusCode_ = transfer_->answer.status();
   response->contentType_ = transfer_->answer.contentType();
   response->contentFeatures_ = transfer_->answer.contentFeatures();
@@ -193,3 +277,5 @@ void VondHspClient::Cancel() noexcept {
 void VondHspClient::Close() noexcept {
   if (transfer_ != nullptr) transfer_->drop();
 }
+
+unsigned int VondHspClient::GetNumOfShortages() noexcept { return shortages; }

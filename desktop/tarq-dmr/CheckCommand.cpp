@@ -4,26 +4,13 @@
 
 #include "BatchRun.h"
 #include "CommandError.h"
+#include "ExplainCommandLine.h"
 #include "InputFile.h"
 #include "ResultJson.h"
 #include "ResultText.h"
 #include "TextOutput.h"
 
 namespace {
-
-// Quoted for a shell: nothing in the word means anything but itself.
-std::string shellWord(const std::string& word) {
-  std::string quoted = "'";
-  for (const char c : word) quoted += c == '\'' ? "'\\''" : std::string(1, c);
-  return printable(quoted + "'");
-}
-
-std::string explainCommand(const CheckOptions& options) {
-  std::string command = "tarq-dmr explain " + shellWord(options.uri);
-  if (options.metadataFile) command += " --metadata " + shellWord(*options.metadataFile);
-  if (options.region != 0) command += " --region " + std::to_string(options.region);
-  return command;
-}
 
 void printResult(int code, const TarqResourceInfo& resource, const CheckOptions& options) {
   if (options.json) {
@@ -34,7 +21,8 @@ void printResult(int code, const TarqResourceInfo& resource, const CheckOptions&
     std::puts(describe(code));
     printResource(resource);
   } else {
-    std::printf("refused (%d): %s\nwhy: %s\n", code, describe(code), explainCommand(options).c_str());
+    std::printf("refused (%d): %s\nwhy: %s\n", code, describe(code),
+                explainCommandLine(options, code).c_str());
   }
 }
 
@@ -42,6 +30,7 @@ int checkOne(TarqDmrParamsInterface& params, const CheckOptions& options, const 
   params.SetCurrentRegion(options.region);
   const auto checker = newChecker(params);
   const int code = checker->CheckResource(options.uri.c_str(), metadata);
+  requireNoShortage();
   printResult(code, *checker->GetResource(), options);
   return code == kAccepted ? kExitOk : kExitRefused;
 }

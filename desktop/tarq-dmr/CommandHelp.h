@@ -19,7 +19,7 @@ inline constexpr const char* kRegionHelp =
 // At the very end.
 inline constexpr const char* kExitCodesHelp =
     "Exit codes: 0 accepted or done, 1 refused or failed, 2 wrong usage, unreadable\n"
-    "file or unusable plug-in.";
+    "file, unusable plug-in, or too few descriptors or memory to ask a server.";
 
 inline constexpr const char* kInfoHelp =
     "Examples:\n"
@@ -40,26 +40,37 @@ inline constexpr const char* kCheckHelp =
     "are optional. For each line there is one JSON line, in the order of the input:\n"
     "{\"code\":0,...what to play...} when accepted, {\"code\":N,\"message\":\"...\"} when\n"
     "refused; the code is -1 when the line is not valid input. A batch that was read\n"
-    "to its end exits with 0.\n\n";
+    "to its end exits with 0. A job needs up to 6 descriptors; where ulimit -n leaves\n"
+    "fewer, fewer jobs run.\n\n";
 
 inline constexpr const char* kPlayHelp =
     "Examples:\n"
     "  tarq-dmr play http://192.168.0.2:8200/23.mp3 --metadata item.xml\n"
     "  tarq-dmr play http://192.168.0.2:8200/23.mp3 --player mpv\n"
     "  tarq-dmr play http://192.168.0.2:8200/23.mp3 --exec \"ffplay -autoexit {uri}\"\n"
+    "  tarq-dmr play http://192.168.0.2:8200/23.mp3 --metadata item.xml \\\n"
+    "    --next http://192.168.0.2:8200/24.mp3 --next-metadata next.xml\n"
     "  tarq-dmr play http://192.168.0.2:8200/23.mp3 --handler-jar my.jar \\\n"
     "    --handler my.Handler\n\n"
     "Needs a Java VM, 17 or newer: the one in JAVA_HOME, else that of the java on the\n"
     "PATH, else an installed one.\n"
-    "--player mpv plays with the mpv on the PATH, which shows pictures in a window. It\n"
-    "reads no configuration file: use --mpv-option. With the simulated player nothing\n"
-    "is heard: the position advances to the duration given in the metadata, and a\n"
-    "track of unknown duration goes on until Ctrl-C. With --exec the program does the\n"
-    "playing, and the track is over when it ends. Quote an argument with blanks; {uri}\n"
-    "is replaced; no shell is involved. Ctrl-C stops the track and exits with 0; an\n"
-    "error of the handler, or a track that failed, exits with 1. A handler is a\n"
-    "public class derived from com.orsa.tarq.dlna.TarqRendererHandler with a\n"
-    "constructor without arguments.\n\n";
+    "--player mpv plays with the mpv on the PATH, which shows pictures in a window.\n"
+    "It reads no configuration file (use --mpv-option) and is only given http and\n"
+    "https URIs.\n\n"
+    "The program of --exec does the playing, and the track is over when it ends. If\n"
+    "it does not start, or ends with a status other than 0, play says so, plays\n"
+    "nothing more and exits with 1. Quote an argument with blanks; {uri} is replaced;\n"
+    "no shell is involved. It is only given http and https URIs. Without --exec\n"
+    "nothing is heard: the position advances to the duration given in the metadata,\n"
+    "and a track of unknown duration goes on until Ctrl-C.\n\n"
+    "Ctrl-C, SIGTERM and SIGHUP stop the track, end the program and exit with 0. What\n"
+    "has not ended after 2 seconds is killed; after a second signal, at once. If the\n"
+    "handler hangs all the same, play exits with 128 + the number of the signal.\n\n"
+    "A handler is a public class derived from com.orsa.tarq.dlna.TarqRendererHandler\n"
+    "with a constructor without arguments. Its errors exit with 1. An exception that\n"
+    "it throws is shown on standard error, once, and then dropped as on a device.\n"
+    "When it has the methods int getCurrentTrack(), which counts from 1, and String\n"
+    "getFailure(), play shows the change of track and why the handler failed.\n\n";
 
 inline constexpr const char* kExplainHelp =
     "Examples:\n"

@@ -51,9 +51,16 @@ Run addPlay(CLI::App& command) {
   command.add_option("--next", options->nextUri, "What to play after it (default: nothing)")
       ->type_name("URI")
       ->check(notEmpty());
+  command
+      .add_option("--next-metadata", options->nextMetadataFile,
+                  "DIDL-Lite of that item; - is standard input\n(default: none)")
+      ->type_name("FILE");
   addPlayer(command, options->player);
-  command.callback([uri] {
+  command.callback([=] {
     if (uri->empty()) throw CLI::RequiredError("a URI");
+    if (options->nextMetadataFile && !options->nextUri) throw CLI::RequiresError("--next-metadata", "--next");
+    if (options->metadataFile == "-" && options->nextMetadataFile == "-")
+      throw CLI::ValidationError("--metadata and --next-metadata", "only one can be standard input");
   });
   return [options] { return runPlay(*options); };
 }

@@ -17,12 +17,15 @@ const auto kDocuments = stringRows(
      "\xEF\xBB\xBF \n<?xml version='1.0'?><!-- c --> <DIDL-Lite><item/></DIDL-Lite>\n<!-- c --> => 1",
      "<d:DIDL-Lite><d:item/><item/><x:item/><container/><other/></d:DIDL-Lite> => 3",
      "<DIDL-Lite><item><item/></item>text<x:item/></DIDL-Lite> => 1",
-     "<DIDL-Lite><item a='1' a='2' b='\xFF\xC0'>\x80</item></DIDL-Lite> => 1", " => invalid", "  => invalid",
-     "NOT_IMPLEMENTED => invalid", "<didl-lite/> => invalid", "<:DIDL-Lite/> => invalid",
-     "<DIDL-LiteX/> => invalid", "<DIDL-Lite/><DIDL-Lite/> => invalid", "<DIDL-Lite/>text => invalid",
-     "text<DIDL-Lite/> => invalid", "<![CDATA[ ]]><DIDL-Lite/> => invalid",
-     "<!DOCTYPE DIDL-Lite><DIDL-Lite/> => invalid", "<DIDL-Lite><item></DIDL-Lite> => invalid",
-     "<DIDL-Lite><item a=1/></DIDL-Lite> => invalid"});
+     // What control points get wrong.
+     "<DIDL-Lite><item a='1' a='2'/><item b='\xFF\xC0'>\x80</item></DIDL-Lite> => 2",
+     "<DIDL-Lite><item a='<&' b='&x;'>& &nbsp; &x;</item></DIDL-Lite> => 1",
+     "<DIDL-Lite><item>a < b</item></DIDL-Lite> => invalid", "<DIDL-Lite/>x => invalid",
+     "<DIDL-Lite/>< => invalid", " => invalid", "  => invalid", "NOT_IMPLEMENTED => invalid",
+     "<didl-lite/> => invalid", "<:DIDL-Lite/> => invalid", "<DIDL-LiteX/> => invalid",
+     "<DIDL-Lite/><DIDL-Lite/> => invalid", "<DIDL-Lite/>text => invalid", "text<DIDL-Lite/> => invalid",
+     "<![CDATA[ ]]><DIDL-Lite/> => invalid", "<!DOCTYPE DIDL-Lite><DIDL-Lite/> => invalid",
+     "<DIDL-Lite><item></DIDL-Lite> => invalid", "<DIDL-Lite><item a=1/></DIDL-Lite> => invalid"});
 TEST_ROWS(UpnpCdsResult, Document, kDocuments) { EXPECT_EQ(objectsIn(row.input.c_str()), row.outcome); }
 
 TEST(UpnpCdsResult, TakesADocumentWithinItsLimitsAndNoPartOfOne) {

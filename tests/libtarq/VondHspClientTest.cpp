@@ -28,18 +28,19 @@ TEST_ROWS(VondHspClient, Sends, kRequests) {
   VondHspDlnaRequest request;
   request.EnableGetContentFeatures(row.wantsFeatures);
   request.SetTransferMode(row.mode);
-  EXPECT_EQ(head(client, server.url("/a/../b?q=\xC3\xA4#f").c_str(), request), 0);
-  EXPECT_EQ(server.requests().back(),
-            "HEAD /a/../b?q=\xC3\xA4 HTTP/1.1\r\nHost: " + server.url("").substr(7) + "\r\nAccept: */*\r\n" +
-                row.headers + "\r\n");
+  const std::string host = server.url("").substr(7);
+  EXPECT_EQ(head(client, ("http://u:p@" + host + "/a/../\xC3\xA4?q=\xC3\xA4&r#f").c_str(), request), 0);
+  EXPECT_EQ(server.requests().back(), "HEAD /a/../%c3%a4?q=%c3%a4&r HTTP/1.1\r\nHost: " + host +
+                                          "\r\nAccept: */*\r\n" + row.headers + "\r\n");
 }
 
 TEST(VondHspClient, RefusesOtherUrlsAndSendsNothingOnceCancelled) {
   RawHttpServer server("HTTP/1.1 200 OK\r\n\r\n");
   VondHspClient client(true);
   EXPECT_EQ(head(client, nullptr), kVondHspRefused);
-  for (const std::string& url : {std::string("https://127.0.0.1/"), std::string("http://127.0.0.1:99999/"),
-                                 server.url("/\r\nX-Injected: 1"), server.url("/\x01"), std::string()})
+  for (const std::string& url :
+       {std::string("https://127.0.0.1/"), std::string("http://127.0.0.1:99999/"),
+        server.url("/\r\nX-Injected: 1"), server.url("/\x01"), server.url("/a b"), std::string()})
     EXPECT_EQ(head(client, url.c_str()), kVondHspRefused) << url;
   client.Cancel();
   EXPECT_EQ(head(client, server.url().c_str()), kVondHspCancelled);

@@ -78,9 +78,9 @@ TEST_F(DesktopHandler, KeepsVolumeAndMuteOfEachChannel) {
 }
 
 TEST_F(DesktopHandler, LeavesThePlayingToAProgram) {
-  ASSERT_TRUE(player_.handler().setProgram("sleep {uri}"));
-  EXPECT_EQ(load("-1", 0), 9) << "a program would take it for an option";
-  EXPECT_EQ(load("60", 1), 0);
+  ASSERT_TRUE(player_.handler().setProgram("sh -c 'sleep 60' {uri}"));
+  for (const char* uri : {"-1", "file:///a", "httpx://a", "http:a"}) EXPECT_EQ(load(uri, 0), 9) << uri;
+  EXPECT_EQ(load("HTTP://a", 1), 0);
   EXPECT_EQ(player_->Start(0, "1"), 0);
   wait(20);
   EXPECT_EQ(state(), "playing: Stop") << "the program decides when the track is over";

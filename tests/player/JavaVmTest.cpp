@@ -1,4 +1,6 @@
 // The built plug-in's player in a real Java VM.
+#include <gmock/gmock.h>
+
 #include <atomic>
 #include <thread>
 
@@ -40,6 +42,7 @@ TEST(Player, HasNoVolumesInDecibels) {
 TEST(Player, SurvivesHandlersThatFail) {
   LogCapture log;
   const PlayerOf player("EchoHandler");
+  testing::internal::CaptureStderr();
   int state = 77;
   EXPECT_EQ(player->GetState(13, &state), 0);
   EXPECT_EQ(state, 0);
@@ -47,6 +50,10 @@ TEST(Player, SurvivesHandlersThatFail) {
   EXPECT_EQ(player->PrepareForConnection(0, nullptr), 5);
   EXPECT_EQ(player->Stop(0), 0);
   EXPECT_TRUE(log.take().empty());
+  EXPECT_THAT(
+      testing::internal::GetCapturedStderr(),
+      testing::MatchesRegex("tarq-dmr: Java exception java.lang.IllegalStateException: as the test expects\n"
+                            "  at EchoHandler.echo.*\n  at EchoHandler.getState[^\n]*\n"));
 }
 
 TEST(Player, LeavesNoThreadInTheVm) {

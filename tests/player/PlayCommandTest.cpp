@@ -33,16 +33,29 @@ TEST(Play, PassesEachUriToTheProgramUnchanged) {
                                 "sh -c 'echo \"$0\" >> " + notes.path() + "' {uri}"});
   EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
   EXPECT_EQ(notes.content(), std::string(kUri) + "\n" + server.url() + "\n");
+  EXPECT_THAT(outcome.out, HasSubstr("track 2: " + server.url() + "\n"));
   EXPECT_THAT(outcome.out, EndsWith("the track is over\n"));
 }
 
-TEST(Play, InterruptStopsTheTrackAndItsProgram) {
+const struct {
+  const char* name;
+  std::vector<int> signals;
+  std::string program = "";  // what it does before it waits
+} kInterrupts[] = {
+    {"Interrupt", {SIGINT}},
+    {"Terminate", {SIGTERM}},
+    {"HangUp", {SIGHUP}},
+    {"Stubborn", {SIGTERM}, "trap \"\" TERM; "},
+    {"StubbornAndImpatient", {SIGINT, SIGTERM}, "trap \"\" TERM; "},
+};
+
+TEST_ROWS(Play, SignalStopsTheTrackAndItsProgram, kInterrupts) {
   const MemoryFile none, out, err, notes;
-  const pid_t child = startProgram(
-      {"play", kUri, "--metadata", "-", "--exec", "sh -c 'echo $$ > " + notes.path() + "; sleep 60; true'"},
-      none.descriptor(), out.descriptor(), err.descriptor());
-  while (!notes.content().ends_with('\n') || out.content().empty()) ::usleep(1000);
-  ::kill(child, SIGINT);
+  const std::string program = "sh -c '" + row.program + "echo $$ > " + notes.path() + "; sleep 60; true'";
+  const pid_t child = startProgram({"play", kUri, "--metadata", "-", "--exec", program}, none.descriptor(),
+                                   out.descriptor(), err.descriptor());
+  while (!notes.content().ends_with('\n') || linesOf(out.content()).size() < 2) ::usleep(1000);
+  for (const int signal : row.signals) ::kill(child, signal);
   EXPECT_EQ(waitFor(child), 0) << err.content();
   EXPECT_THAT(out.content(), EndsWith("stopped\n"));
   EXPECT_NE(::kill(std::stoi(notes.content()), 0), 0);
@@ -61,13 +74,23 @@ const struct {
   const char* message;  // part of what it writes
 } kFailures[] = {
     {"Refused", {"http://127.0.0.1:1/a"}, 1, "refused (55202)"},
-    {"NextRefused", {kUri, "--next", "http://127.0.0.1:1/a"}, 1, "refused (55202)"},
+    {"NextRefused",
+     {kUri, "--next", "http://127.0.0.1:1/a"},
+     1,
+     "/tarq-dmr explain http://127.0.0.1:1/a --probe\n"},
     {"HandlerError",
      {kUri, "--handler", "com.orsa.tarq.dlna.TarqRendererHandler"},
      1,
      "SetDataSource failed (2)"},
     {"NoHandler", {kUri, "--handler", "java.lang.Object"}, 1, "SetDataSource failed (3)"},
-    {"NoProgram", {kUri, "--exec", "/no/such/program"}, 1, "Start failed (100)"},
+    {"NoProgram", {kUri, "--exec", "/no/such/program"}, 1, "Start failed (100): Cannot run"},
+    {"ProgramFails", {kUri, "--exec", "sh -c 'exit 3'"}, 1, "exit status 3\nuri: http://127.0.0.1/a"},
+    {"NextFails",
+     {kUri, "--next", "http://h/n.mp4", "--next-metadata", "/dev/null", "--exec", "expr {uri} : .*c"},
+     1,
+     "exit status 1\nuri: http://h/n.mp4\n"},
+    {"FileUri", {"file://h/a.mp4", "--exec", "cat {uri}"}, 1, "SetDataSource failed (9): only http"},
+    {"TwoInputs", {kUri, "--next", kUri, "--next-metadata", "-"}, 2, "only one can be standard input"},
     {"OwnHandler", {kUri, "--handler-jar", TEST_JAR, "--handler", "EchoHandler"}, 0, "over"},
     {"NoSuchClass", {kUri, "--handler", "no.Such"}, 2, "no.Such"},
     {"NoSuchJar", {kUri, "--handler-jar", "/no/such.jar"}, 2, "/no/such.jar"},

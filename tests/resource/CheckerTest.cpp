@@ -171,8 +171,10 @@ TEST(Checker, LogsItsSteps) {
   EXPECT_THAT(log.take(), ElementsAre("6 Tarq: Selected Res [0][ftp://h/a][audio/mpeg][*][MP3]",
                                       "3 Tarq: \nHome Network Content URL 127.0.0.1 Request"));
   EXPECT_EQ(checker->CheckResource("http://127.0.0.1:1/", nullptr), 55202);
-  EXPECT_THAT(log.take(), ElementsAre("3 Tarq: \nHTTP HEAD FAILED (2103) http://127.0.0.1:1/",
-                                      "3 Tarq: \nHome Network Content URL 127.0.0.1 Request"));
+  EXPECT_THAT(log.take(),
+              ElementsAre("3 libtarq: HEAD failed (2103): connection refused or server unreachable",
+                          "3 Tarq: \nHTTP HEAD FAILED (2103) http://127.0.0.1:1/",
+                          "3 Tarq: \nHome Network Content URL 127.0.0.1 Request"));
 }
 
 TEST(Checker, KeepsWhatALaterCheckDoesNotSet) {

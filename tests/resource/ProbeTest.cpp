@@ -139,6 +139,8 @@ const OddServer kOddServers[] = {
     {"StatusOfTwoDigits", sending("HTTP/2 20\r\n\r\n"), kInvalid},
     {"StatusOfFourDigits", sending("HTTP/2 2000\r\n\r\n"), kInvalid},
     {"ZeroByte", sending(kOk + std::string("Content-Type: audio/\0mpeg\r\n\r\n", 28)), kInvalid},
+    {"CarriageReturnInType", sending(kOk + "Content-Type: audio/\rmpeg\r\n\r\n"), kInvalid},
+    {"EscapeInFoldedFeatures", sending(kMp3 + kFeatures + "A\r\n \x1B[2J\r\n\r\n"), kInvalid},
     {"EndlessHeaders", endless(kOk, "X: " + std::string(1000, 'x') + "\r\n"), kInvalid},
     {"EndlessHeaderLine", sending(kOk + "X: " + std::string(400'000, 'y')), kInvalid},
     {"EndlessInterimAnswers", endless("", kInterim), kInvalid},
@@ -229,11 +231,13 @@ TEST(Cancel, EndsAProbeAtAnyMomentAndLeavesNothing) {
     for (int i = 0; i < kTries; ++i) {
       const std::chrono::microseconds delay(i * i / 31);  // up to 32 ms
       const auto [result, taken] = cancelProbe(items[i % 4], delay);
-      EXPECT_TRUE(result == 5 || result == 55203 || result == 55106) << result;
+      const bool refused = result == 55204 && i % 4 == 3 && i > 4 * 31;
+      EXPECT_TRUE(refused || result == 5 || result == 55203 || result == 55106) << i << ": " << result;
       EXPECT_LT(taken, kLimit) << taken.count() << " ns";
       cancelled += result == 55203;
     }
     EXPECT_GT(cancelled, kTries / 2);
+    EXPECT_EQ(outcomeOf("http://stuck.invalid/"), "2109 55204") << "after too many lookups that hang";
   }
   EXPECT_EQ(heldWhenQuiet(), before) << "descriptors, threads";
 }

@@ -51,8 +51,9 @@ inline std::vector<std::string> wordsOf(const std::string& text) {
 }
 
 // Starts tarq-dmr with these three files, in the emulator if it is built for one; the caller waits for it.
+// `descriptors`: how many files it may have open; 0: as many as the test.
 inline pid_t startProgram(const std::vector<std::string>& arguments, int in, int out, int err,
-                          const std::string& program = TARQ_DMR_PROGRAM) {
+                          const std::string& program = TARQ_DMR_PROGRAM, rlim_t descriptors = 0) {
   std::vector<std::string> words = wordsOf(TARQ_EMULATOR);
   words.push_back(program);
   words.insert(words.end(), arguments.begin(), arguments.end());
@@ -64,8 +65,13 @@ inline pid_t startProgram(const std::vector<std::string>& arguments, int in, int
   ::posix_spawn_file_actions_adddup2(&files, in, STDIN_FILENO);
   ::posix_spawn_file_actions_adddup2(&files, out, STDOUT_FILENO);
   ::posix_spawn_file_actions_adddup2(&files, err, STDERR_FILENO);
+  rlimit limit{};
+  ::getrlimit(RLIMIT_NOFILE, &limit);
+  const rlimit lowered{descriptors, limit.rlim_max};
+  if (descriptors > 0) ::setrlimit(RLIMIT_NOFILE, &lowered);
   pid_t child = -1;
   if (::posix_spawnp(&child, argv[0], &files, nullptr, argv.data(), environ) != 0) std::abort();
+  ::setrlimit(RLIMIT_NOFILE, &limit);
   ::posix_spawn_file_actions_destroy(&files);
   return child;
 }

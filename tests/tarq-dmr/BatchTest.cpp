@@ -229,6 +229,37 @@ TEST(Batch, ProbesAtOnceAnswersInOrderAndKeepsNothingOpen) {
   EXPECT_TRUE(mostWaiting > 1 && mostWaiting <= 4) << mostWaiting;
 }
 
+// clang-format off
+const struct {
+  const char* name;
+  rlim_t descriptors;
+  const char* command;  // a blank at its end: the URI follows
+  size_t accepted;
+  const char* complaint;
+} kShortages[] = {
+    {"FewerJobs", 16, "check --jobs 8 --batch -", 64, "tarq-dmr: jobs lowered from 8 to "},
+    {"NoJob", 8, "check --batch -", 0, "tarq-dmr: cannot run even one job: no more than 8 files"},
+    {"NoRequest", 5, "check ", 0, "tarq-dmr: cannot ask a server: out of file descriptors"},
+    {"NoExplanation", 5, "explain --probe ", 0, "tarq-dmr: cannot ask a server: out of file descriptors"},
+};
+// clang-format on
+
+TEST_ROWS(Program, DoesNotBlameTheServerForItsOwnShortage, kShortages) {
+  const RawHttpServer server("HTTP/1.1 200 OK\r\nContent-Type: audio/mpeg\r\n\r\n");
+  const MemoryFile in(R"({"region":1,"uri":")" + server.url() + "\"}\n", 64);
+  const MemoryFile out;
+  const MemoryFile err;
+  const std::string command = row.command;
+  const pid_t child =
+      startProgram(wordsOf(command.ends_with(' ') ? command + server.url() : command), in.descriptor(),
+                   out.descriptor(), err.descriptor(), TARQ_DMR_PROGRAM, row.descriptors);
+  EXPECT_EQ(waitFor(child), row.accepted > 0 ? 0 : 2);
+  EXPECT_THAT(err.content(), StartsWith(row.complaint));
+  const std::vector<std::string> lines = linesOf(out.content());
+  EXPECT_EQ(lines.size(), row.accepted);
+  EXPECT_THAT(lines, testing::Each(StartsWith("{\"code\":0,")));
+}
+
 TEST(Batch, WaitsForAReaderThatIsSlow) {
   constexpr size_t kCount = 2000;
   Pipe out;

@@ -13,6 +13,7 @@ using testing::Contains;
 using testing::ContainsRegex;
 using testing::EndsWith;
 using testing::HasSubstr;
+using testing::MatchesRegex;
 using testing::StartsWith;
 using Arguments = std::vector<std::string>;
 
@@ -63,7 +64,8 @@ TEST_ROWS(Check, RefusalSaysWhy, kRefusals) {
   const Outcome text = runProgram({"check", server.url()});
   EXPECT_TRUE(json.exitCode == 1 && text.exitCode == 1);
   EXPECT_EQ(json.out, "{\"code\":" + code + ",\"message\":\"" + row.message + "\"}\n");
-  EXPECT_EQ(linesOf(text.out)[0], "refused (" + code + "): " + row.message);
+  const std::string why = "why: /.*/tarq-dmr explain " + server.url() + " --probe\n";
+  EXPECT_THAT(text.out, MatchesRegex("refused \\(" + code + "\\): " + row.message + "\n" + why));
   EXPECT_EQ(json.err, "");
   EXPECT_EQ(text.err, "");
 }
@@ -71,7 +73,7 @@ TEST_ROWS(Check, RefusalSaysWhy, kRefusals) {
 TEST(Check, AcceptanceSaysWhatToPlay) {
   const RawHttpServer server(
       "HTTP/1.1 200 OK\r\n"  // without a type, so that the element's own stays
-      "contentFeatures.dlna.org: DLNA.ORG_OP=10;A=\"\xFF\\\xC3\xA9\x1B\"\r\n\r\n");
+      "contentFeatures.dlna.org: DLNA.ORG_OP=10;A=\"\xFF\\\xC3\xA9\t\"\r\n\r\n");
   const std::string metadata =
       "<DIDL-Lite><item><res size='5'/><res "
       "protocolInfo='http-get:*:video/mpeg:DLNA.ORG_PN=MPEG1;DLNA.ORG_OP=01' "
@@ -85,10 +87,10 @@ TEST(Check, AcceptanceSaysWhatToPlay) {
   EXPECT_EQ(json.out, R"({"code":0,"uri":")" + server.url("/v.mpg") +
                           R"(","mimeType":"video/mpeg","additionalInfo":"DLNA.ORG_OP=10;A=\")" +
                           "\uFFFD\\\\\u00E9" +
-                          R"(\u001B\"","resIndex":1,"size":"7","duration":"","reserved":"",)"
+                          R"(\t\"","resIndex":1,"size":"7","duration":"","reserved":"",)"
                           R"("operation":"01","contentFormat":"MPEG1"})"
                           "\n");
-  EXPECT_THAT(text.out, AllOf(StartsWith("accepted\n"), HasSubstr("\\x1b"), EndsWith(" MPEG1\n")));
+  EXPECT_THAT(text.out, AllOf(StartsWith("accepted\n"), HasSubstr("\\x09"), EndsWith(" MPEG1\n")));
 }
 
 TEST(Sink, ListsTheEntriesOfTheRegion) {

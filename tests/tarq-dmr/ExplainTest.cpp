@@ -71,8 +71,8 @@ const struct {
 } kProbes[] = {
     {"ByType", "200 OK\r\nContent-Type: video/mp4", "0", "accepted (0): no res, format MPEG4\n",
      R"("lookedUp":"MIME type \"video/mp4\"")"},
-    {"ByName", "200 OK\r\nContent-Type: a/b\r\ncontentFeatures.dlna.org: DLNA.ORG_PN=NO\x1B", "55106",
-     "looked up   profile name \"NO\\x1b\"", R"("lookedUp":"profile name \"NO\u001B\"")"},
+    {"ByName", "200 OK\r\nContent-Type: a/b\r\ncontentFeatures.dlna.org: DLNA.ORG_PN=NO\tX", "55106",
+     "looked up   profile name \"NO\\x09X\"", R"("lookedUp":"profile name \"NO\tX\"")"},
     {"NotFound", "404 No", "55108", "status 404, content type -", R"("lookedUp":"nothing: the server sent neither")"},
     {"Busy", "503 No", "55107", "answer      the server answered 503\n\nVerdict: refused (55107)", R"("sent":true,"answer":{})"},
 };
@@ -115,12 +115,14 @@ const struct {
     {"NoRes", "http://a.example/", "<DIDL-Lite><item/></DIDL-Lite>", "its first object has no res element"},
     {"Internet", "http://a.example/", "<x/>", "No server is asked: only servers on the home network are asked"},
     {"Rvu", "http://127.0.0.1/", "RVUALLIANCE", "No server is asked: RVU content is never probed"},
+    {"UnusableUrl", "http://127.0.0.1:99999/", "<x/>", "Verdict: refused (55108): not a usable URL\n"},
     {"QuickTest", "http://a.example/a.mp4", "<x/>", "as video/*, no res chosen"},
 };
 // clang-format on
 
 TEST_ROWS(Explain, TellsWhatIsMissing, kMissing) {
-  EXPECT_THAT(runProgram({"explain", row.uri, "--metadata", "-"}, row.metadata).out, HasSubstr(row.phrase));
+  EXPECT_THAT(runProgram({"explain", row.uri, "--probe", "--metadata", "-"}, row.metadata).out,
+              HasSubstr(row.phrase));
 }
 
 TEST(Explain, WritesJsonForOneAndForABatch) {
@@ -136,7 +138,8 @@ TEST(Explain, WritesJsonForOneAndForABatch) {
 
 TEST(Explain, CheckTellsHowToAskWhy) {
   const Outcome outcome = runProgram({"check", "it's", "--region", "2", "--metadata", "-"}, "<x/>");
-  EXPECT_THAT(outcome.out, EndsWith("\nwhy: tarq-dmr explain 'it'\\''s' --metadata '-' --region 2\n"));
+  EXPECT_THAT(outcome.out, EndsWith("/tarq-dmr explain 'it'\\''s' --metadata - --region 2"
+                                    "  # with the same metadata on standard input\n"));
 }
 
 }  // namespace

@@ -7,6 +7,8 @@
 
 #include "BatchInput.h"
 #include "BatchOutput.h"
+#include "HostSession.h"
+#include "JobLimit.h"
 #include "OrderedWorkers.h"
 #include "ResultJson.h"
 
@@ -24,7 +26,7 @@ class BatchRun {
         input_(options.file),
         items_(kMaxItems),
         workers_(
-            options.jobs, kMaxItems, [this](size_t i) { answerItem(items_[i]); },
+            jobsThatFit(options.jobs), kMaxItems, [this](size_t i) { answerItem(items_[i]); },
             [this](size_t i) { deliverUpTo(i); }) {}
 
   void run();
@@ -106,6 +108,7 @@ std::string BatchRun::answerTo(const BatchRequest& request) const {
 }
 
 void BatchRun::deliverUpTo(size_t last) {
+  requireNoShortage();
   for (; delivered_ <= last && items_[delivered_].isAnswered; ++delivered_)
     output_.addLine(std::exchange(items_[delivered_].answer, {}));
 }

@@ -21,7 +21,9 @@ using BatchAnswer = std::function<void(JsonWriter& json, const BatchRequest& req
 
 // Answers every line of the input with one line on standard output, in the same order and before it waits for
 // more input. A line that is not valid gets the code -1 and a message. Memory does not grow with the input.
-// Errors: CommandError when the input cannot be read or the output not written.
+// Fewer jobs run where the system allows too few descriptors, and a line on standard error says so.
+// Errors: CommandError when the input cannot be read or the output not written, and when there are not even the
+//   descriptors for one job; when a request failed for lack of them or of memory, before the result of its line.
 void runBatch(TarqDmrParamsInterface& params, const BatchOptions& options, const BatchAnswer& answer);
 
 #endif  // TARQ_DMR_BATCH_RUN_H_

@@ -7,6 +7,7 @@
 #include <new>
 
 #include "CommandError.h"
+#include "VondHspClient.h"
 
 namespace {
 
@@ -43,4 +44,9 @@ std::unique_ptr<TarqResourceCheckerInterface> newChecker(TarqDmrParamsInterface&
   std::unique_ptr<TarqResourceCheckerInterface> checker(params.CreateResourceChecker());
   if (!checker) throw std::bad_alloc();
   return checker;
+}
+
+void requireNoShortage() {
+  if (VondHspClient::GetNumOfShortages() > 0)
+    throw CommandError(std::string("cannot ask a server: ") + VondHspErrorText(kVondHspNoResources));
 }

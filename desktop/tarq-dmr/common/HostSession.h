@@ -23,6 +23,11 @@ TarqDmrPluginManager& openHost(const HostOptions& options);
 // Errors: std::bad_alloc when the plug-in has no memory for it.
 std::unique_ptr<TarqResourceCheckerInterface> newChecker(TarqDmrParamsInterface& params);
 
+// The plug-in has no result code for what this program lacks: the server seems to have failed. Call it before
+// a result is shown.
+// Errors: CommandError when a request of this process failed for lack of descriptors or memory.
+void requireNoShortage();
+
 // A string of the information record; one that fills its field has no NUL.
 template <size_t N>
 std::string recordString(const char (&field)[N]) {

@@ -218,7 +218,7 @@ void Demo::playClip() {
     }
     note("state", describe(moment));
   } catch (const PlayerFailure& failure) {
-    note(failure.operation, describePlayerResult(failure.code));
+    note("player", failure.words);
     expect(false, "the handler reports success");
   }
 }

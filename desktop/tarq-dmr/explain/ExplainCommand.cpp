@@ -16,6 +16,7 @@ int explainOne(TarqDmrParamsInterface& params, const ExplainOptions& options) {
   const char* metadata = didl ? didl->c_str() : nullptr;
   const Explanation explanation =
       explain(params, options.uri.c_str(), metadata, options.region, options.probe);
+  requireNoShortage();
   if (options.json) {
     JsonWriter json;
     writeExplanation(json, explanation);

@@ -161,7 +161,7 @@ void writeVerdict(JsonObject& object, const Explanation& explanation) {
   }
   object.add("code", *verdict.code);
   object.add("state", *verdict.code == kAccepted ? "accepted" : "refused");
-  object.add("message", describe(*verdict.code));
+  object.add("message", refusalWords(verdict));
   const TarqResourceInfo* resource = verdict.resource();
   if (resource == nullptr) return;
   object.add("resIndex", resource->resIndex);

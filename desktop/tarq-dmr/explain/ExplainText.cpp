@@ -72,7 +72,8 @@ void showAccepted(Steps& steps, const TarqResourceInfo& resource, bool byTable) 
 
 void showAskedAgain(Steps& steps, const AnswerFacts& answer, bool byTable) {
   if (answer.clientError != 0) {
-    return steps.row("asked again", "no answer (client error " + std::to_string(answer.clientError) + ")");
+    return steps.row("asked again", std::string("no answer: ") + VondHspErrorText(answer.clientError) +
+                                        " (client error " + std::to_string(answer.clientError) + ")");
   }
   const VondHspDlnaResponse& response = answer.response;
   steps.row("asked again", "status " + std::to_string(response.GetStatusCode()) + ", content type " +
@@ -83,7 +84,7 @@ void showAskedAgain(Steps& steps, const AnswerFacts& answer, bool byTable) {
 
 void showAnswer(Steps& steps, const Verdict& verdict, bool byTable) {
   if (const TarqResourceInfo* resource = verdict.resource()) return showAccepted(steps, *resource, byTable);
-  steps.row("answer", describe(*verdict.code));
+  steps.row("answer", refusalWords(verdict));
   const bool lookedUp = byTable && verdict.code == kNothingPlayable;
   if (verdict.answer) showAskedAgain(steps, *verdict.answer, lookedUp);
 }
@@ -159,9 +160,10 @@ std::string undecidedText(const Explanation& explanation) {
          (winner < 0 ? finding(explanation) : chosenText(winner, explanation.format()) + " if it confirms");
 }
 
-std::string refusedText(const Explanation& explanation, int code) {
-  const bool nothing = code == kNothingPlayable && explanation.choice.winner < 0;
-  return describe(code) + (nothing ? ": " + finding(explanation) : std::string());
+std::string refusedText(const Explanation& explanation) {
+  const Verdict& verdict = explanation.verdict;
+  const bool nothing = verdict.code == kNothingPlayable && explanation.choice.winner < 0;
+  return refusalWords(verdict) + (nothing ? ": " + finding(explanation) : std::string());
 }
 
 std::string acceptedText(const Explanation& explanation, const TarqResourceInfo& resource) {
@@ -175,7 +177,7 @@ std::string verdictText(const Explanation& explanation) {
   if (!verdict.code) return undecidedText(explanation);
   const std::string code = " (" + std::to_string(*verdict.code) + "): ";
   const TarqResourceInfo* resource = verdict.resource();
-  if (resource == nullptr) return "refused" + code + refusedText(explanation, *verdict.code);
+  if (resource == nullptr) return "refused" + code + refusedText(explanation);
   return "accepted" + code + acceptedText(explanation, *resource);
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "ResultText.h"
+
 namespace {
 
 constexpr const char* kHighestTotal = "The first of the highest totals above 0 wins.";
@@ -152,6 +154,12 @@ std::span<const ProbeOutcome> probeOutcomes() {
       {"anything else", resultOfClientError(kVondHspInvalidAnswer)},
   };
   return kOutcomes;
+}
+
+// Asked again, the client says what the result code hides: that no request was sent.
+const char* refusalWords(const Verdict& verdict) {
+  const bool unusable = verdict.answer && verdict.answer->clientError == kVondHspRefused;
+  return unusable ? VondHspErrorText(kVondHspRefused) : describe(*verdict.code);
 }
 
 std::string formatKeyWords(const char* mimeType, const char* contentFeatures) {

@@ -53,6 +53,9 @@ struct ProbeOutcome {
 };
 std::span<const ProbeOutcome> probeOutcomes();
 
+// Why the check was refused.
+const char* refusalWords(const Verdict& verdict);
+
 // What the media profile table is searched for when the server's answer alone decides.
 std::string formatKeyWords(const char* mimeType, const char* contentFeatures);
 

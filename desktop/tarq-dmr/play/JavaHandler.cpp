@@ -1,10 +1,9 @@
 #include "JavaHandler.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <memory>
 
 #include "CommandError.h"
+#include "JavaVm.h"
 #include "TarqJniUtil.h"
 
 JavaHandler::JavaHandler(JNIEnv& env, const std::string& className) : env_(env) {
@@ -14,7 +13,6 @@ JavaHandler::JavaHandler(JNIEnv& env, const std::string& className) : env_(env) 
   const jmethodID constructor = found == nullptr ? nullptr : env.GetMethodID(found, "<init>", "()V");
   object_ = constructor == nullptr ? nullptr : env.NewObject(found, constructor);
   if (object_ == nullptr || env.ExceptionCheck()) {
-    env.ExceptionDescribe();
     env.ExceptionClear();
     throw CommandError("cannot create a handler of the Java class " + className);
   }
@@ -57,20 +55,24 @@ bool JavaHandler::open(const std::vector<std::string>& options) {
   return true;
 }
 
-std::optional<std::string> JavaHandler::failure() { return ask("failure"); }
+int JavaHandler::currentTrack() {
+  const jmethodID method = findMethod("getCurrentTrack", "()I");
+  if (method == nullptr) return 1;
+  const int track = env_.CallIntMethod(object_, method);
+  env_.ExceptionClear();
+  return track;
+}
 
-std::optional<std::string> JavaHandler::currentSource() { return ask("currentSource"); }
+std::string JavaHandler::currentSource() { return ask("getCurrentSource"); }
 
-std::optional<std::string> JavaHandler::ask(const char* name) {
+std::string JavaHandler::failure() { return ask("getFailure"); }
+
+std::string JavaHandler::ask(const char* name) {
   const jmethodID method = findMethod(name, "()Ljava/lang/String;");
-  if (method == nullptr) return std::nullopt;
+  if (method == nullptr) return "";
   const jobject answer = env_.CallObjectMethod(object_, method);
   env_.ExceptionClear();
-  char* copy = nullptr;
-  TarqJniUtil::NewCString(&env_, answer, &copy);
-  env_.DeleteLocalRef(answer);
-  const std::unique_ptr<char, decltype(&std::free)> owner(copy, std::free);
-  return copy == nullptr ? std::nullopt : std::optional<std::string>(copy);
+  return takeJavaString(env_, answer);
 }
 
 jmethodID JavaHandler::findMethod(const char* name, const char* signature) {

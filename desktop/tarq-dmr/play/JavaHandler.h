@@ -3,7 +3,6 @@
 
 #include <jni.h>
 
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,13 +26,14 @@ class JavaHandler {
   // Starts the player that the handler drives: false, the handler has none to start.
   bool open(const std::vector<std::string>& options);
 
-  // What a PlaybackReport says; of another handler nothing is known.
-  std::optional<std::string> failure();
-  std::optional<std::string> currentSource();
+  // What a PlaybackReport says.
+  int currentTrack();  // since the source was set, from 1; always 1 when the handler has no such method
+  std::string currentSource();  // its URI; empty: nothing is known
+  std::string failure();        // why a call failed or a track ended early; empty: nothing is known
 
  private:
   jmethodID findMethod(const char* name, const char* signature);
-  std::optional<std::string> ask(const char* method);
+  std::string ask(const char* method);
 
   JNIEnv& env_;
   jobject object_;

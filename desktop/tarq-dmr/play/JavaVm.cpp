@@ -6,8 +6,10 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iterator>
+#include <memory>
 #include <sstream>
 
+#include "ClearedExceptions.h"
 #include "CommandError.h"
 #include "TarqJniUtil.h"
 
@@ -64,6 +66,14 @@ std::string join(const std::vector<std::string>& parts, char separator) {
 
 }  // namespace
 
+std::string takeJavaString(JNIEnv& env, jobject string) {
+  char* copy = nullptr;
+  TarqJniUtil::NewCString(&env, string, &copy);
+  env.DeleteLocalRef(string);
+  const std::unique_ptr<char, void (*)(void*)> owner(copy, std::free);
+  return copy == nullptr ? "" : copy;
+}
+
 JavaVm::JavaVm(const std::vector<std::string>& classPath, const std::vector<std::string>& options) {
   const CreateJavaVm create = findJava();
   std::vector<std::string> strings = options;
@@ -77,6 +87,7 @@ JavaVm::JavaVm(const std::vector<std::string>& classPath, const std::vector<std:
   if (create(&vm_, reinterpret_cast<void**>(&env_), &arguments) != JNI_OK)
     throw CommandError("the Java VM did not start");
   TarqJniUtil::SetJavaVM(vm_);
+  showClearedExceptions(*vm_, *env_);
 }
 
 JavaVm::~JavaVm() {

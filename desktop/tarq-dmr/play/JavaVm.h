@@ -6,6 +6,10 @@
 #include <string>
 #include <vector>
 
+// Returns: a copy of the Java string; empty for null.
+// Ownership: deletes the local reference.
+std::string takeJavaString(JNIEnv& env, jobject string);
+
 // A Java VM in this process, found at run time: nothing else here needs Java. libtarq uses it while it
 // exists. A process can create one, and only once.
 // Threads: the thread that creates it also destroys it and uses its environment.

@@ -12,6 +12,7 @@ struct PlayOptions {
   std::optional<std::string> metadataFile;  // "-": standard input
   int32_t region = 0;
   std::optional<std::string> nextUri;
+  std::optional<std::string> nextMetadataFile;  // "-": standard input
   PlayerChoice player;
 };
 int runPlay(const PlayOptions& options);

@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <string>
 
+#include "TextOutput.h"
+
 namespace {
 
 constexpr auto kPlainInterval = std::chrono::seconds(1);
@@ -44,4 +46,9 @@ void PlayProgress::show(const PlayMoment& moment) {
   // On a terminal the line is cleared and written over the next time.
   std::printf(onTerminal_ ? "\r\x1b[K%s" : "%s\n", describe(moment).c_str());
   std::fflush(stdout);
+}
+
+void PlayProgress::showTrack(int number, const char* uri) {
+  std::printf(onTerminal_ ? "\r\x1b[Ktrack %d: %s\n" : "track %d: %s\n", number, printable(uri).c_str());
+  shown_.reset();
 }

@@ -12,6 +12,7 @@ struct PlayMoment {
   int state;
   int positionMs;
   int durationMs;  // 0: not known
+  int track;       // 1: the first source, 2: the one after it
 };
 
 std::string describe(const PlayMoment& moment);  // "playing  0:00:07 / 0:42:07"
@@ -26,6 +27,7 @@ class PlayProgress {
   PlayProgress& operator=(const PlayProgress&) = delete;
 
   void show(const PlayMoment& moment);
+  void showTrack(int number, const char* uri);  // on a line of its own
 
  private:
   const bool onTerminal_;

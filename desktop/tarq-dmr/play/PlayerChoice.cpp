@@ -49,6 +49,6 @@ std::unique_ptr<JavaHandler> newHandler(JNIEnv& env, const PlayerChoice& choice)
     throw CommandError("the handler " + name + " runs no programs");
   if (!handler->open(choice.mpvOptions) && !choice.mpvOptions.empty())
     throw CommandError("the handler " + name + " takes no options for mpv");
-  if (const auto reason = handler->failure()) throw CommandError(*reason);
+  if (const std::string reason = handler->failure(); !reason.empty()) throw CommandError(reason);
   return handler;
 }

@@ -1,8 +1,8 @@
 #ifndef TARQ_DMR_PLAYER_SESSION_H_
 #define TARQ_DMR_PLAYER_SESSION_H_
 
+#include <array>
 #include <memory>
-#include <optional>
 #include <string>
 
 #include "JavaVm.h"
@@ -11,12 +11,11 @@
 #include "TarqDmrPlayerInterface.h"
 #include "TarqResourceCheckerInterface.h"
 
-// An operation of the player that failed.
+// The player, or the program that plays for it, failed.
 struct PlayerFailure {
-  const char* operation;
-  int code;
+  std::string words;  // "Start failed (10): invalid state"
+  std::string uri;    // what it was about
 };
-const char* describePlayerResult(int code);
 
 // The plug-in's player, connected to a handler in a Java VM while this exists.
 // Threads: one for all operations.
@@ -31,17 +30,29 @@ class PlayerSession {
 
   // Passes on what a check found.
   // Null: `metadata` may be null.
+  // Ownership: `resource` must outlive this.
   void setSource(const TarqResourceInfo& resource, const char* metadata);
-  void setNextSource(const TarqResourceInfo& resource);
+  void setNextSource(const TarqResourceInfo& resource, const char* metadata);
   void start();
   void stop();
   PlayMoment moment();
-  std::optional<std::string> failure() { return handler_->failure(); }
+
+  const char* uri() const { return sources_[track_ - 1]->uri; }  // of the current track
+  void throwFailure();  // when the track ended because it could not be played; otherwise nothing happens
+
+  // Ends all programs that the handler has started, even while an operation waits for them.
+  // Threads: any.
+  static void killPrograms();
 
  private:
+  void require(const char* operation, int code, const char* uri);
+  void followTrack();
+
   JavaVm vm_;
   std::unique_ptr<JavaHandler> handler_;
   TarqDmrPlayerInterface& player_;
+  std::array<const TarqResourceInfo*, 2> sources_{};
+  size_t track_ = 1;  // the current one, from 1
 };
 
 #endif  // TARQ_DMR_PLAYER_SESSION_H_

@@ -36,13 +36,16 @@ public final class DesktopRendererHandler extends TarqRendererHandler implements
   private ExternalProgram program; // null: no program is set
   private String uri = ""; // empty: nothing to play
   private String queuedUri = ""; // empty: nothing to play next
-  private String failure; // null: none
+  private String failure = ""; // empty: none
+  private int track; // 1: the source that was set, 2: the one after it...
   private int durationMs; // 0: not known
   private int state = STOPPED;
 
-  /** Plays every track from now on with that program: see {@link ExternalProgram}. */
+  /** Plays every source that is set from now on with that program: see {@link ExternalProgram}. */
   public synchronized void setProgram(String command) {
     halt();
+    uri = "";
+    queuedUri = "";
     program = new ExternalProgram(command);
   }
 
@@ -52,13 +55,30 @@ public final class DesktopRendererHandler extends TarqRendererHandler implements
   }
 
   @Override
+  public synchronized int getCurrentTrack() {
+    settle();
+    return track;
+  }
+
+  @Override
+  public synchronized String getCurrentSource() {
+    settle();
+    return uri;
+  }
+
+  @Override
+  public synchronized String getFailure() {
+    return failure;
+  }
+
+  @Override
   public synchronized int setDataSource(
       int id, String currentUri, String currentUriMetadata, String currentContentType) {
     if (!isPlayable(currentUri)) return INVALID_ARGUMENT;
     halt();
+    track = 0;
     load(currentUri);
     queuedUri = "";
-    failure = null;
     return OK;
   }
 
@@ -170,27 +190,18 @@ public final class DesktopRendererHandler extends TarqRendererHandler implements
     return durationMs;
   }
 
-  @Override
-  public synchronized String currentSource() {
-    settle();
-    return uri;
+  private boolean isPlayable(String newUri) {
+    boolean playable = program == null || newUri.isEmpty() || ExternalProgram.isPlayable(newUri);
+    failure = playable ? "" : "only http and https URIs are handed to a program";
+    return playable;
   }
 
-  @Override
-  public synchronized String failure() {
-    settle();
-    return failure;
-  }
-
-  /** A program would take a URI that begins with "-" for an option. */
-  private static boolean isPlayable(String uri) {
-    return !uri.startsWith("-");
-  }
-
-  /** Goes on to the next source when the track is over. */
+  /** Goes on to the next source when the track is over; a program that failed is the end. */
   private void settle() {
     if (state != PLAYING || !isOver()) return;
-    if (queuedUri.isEmpty()) {
+    int status = program == null ? 0 : program.exitStatus();
+    if (status != 0) failure = "the program ended with exit status " + status;
+    if (queuedUri.isEmpty() || status != 0) {
       halt();
     } else {
       takeNext();
@@ -212,17 +223,17 @@ public final class DesktopRendererHandler extends TarqRendererHandler implements
 
   private void load(String newUri) {
     uri = newUri;
+    ++track;
     durationMs = 0;
   }
 
   private int begin(double speed) {
-    failure = null;
+    failure = "";
     if (program != null) {
       try {
         program.start(uri);
       } catch (IOException e) {
         failure = e.getMessage();
-        System.err.println(failure);
         return PROGRAM_FAILED;
       }
     }

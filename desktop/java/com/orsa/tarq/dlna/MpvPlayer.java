@@ -22,7 +22,8 @@ final class MpvPlayer implements MpvProcess.Listener {
   private MpvProcess mpv; // null: none runs
   private String source = ""; // empty: nothing to play
   private String nextSource = ""; // empty: nothing to play next
-  private String failure; // null: none
+  private String failure = ""; // empty: none
+  private int track; // 1: the source that was set, 2: the one after it...
   private boolean active; // playing or paused
   private boolean loaded; // mpv has opened the source: what it reports is about this one
   private boolean ending; // a source is over; if it was the last, mpv is idle after its last sound
@@ -42,10 +43,16 @@ final class MpvPlayer implements MpvProcess.Listener {
   }
 
   synchronized void setSource(String uri) {
+    nextSource = uri;
+    track = 0;
+    takeNext();
+  }
+
+  synchronized void takeNext() {
     stop();
-    source = uri;
+    failure = "";
+    enter(nextSource);
     nextSource = "";
-    failure = null;
   }
 
   synchronized void setNextSource(String uri) {
@@ -60,7 +67,7 @@ final class MpvPlayer implements MpvProcess.Listener {
    */
   synchronized boolean start() {
     if (mpv == null && !replaceMpv()) return false;
-    failure = null;
+    failure = "";
     active = true;
     setPaused(false);
     add(source, "replace");
@@ -107,8 +114,16 @@ final class MpvPlayer implements MpvProcess.Listener {
     return nextSource;
   }
 
+  synchronized int track() {
+    return track;
+  }
+
   synchronized String failure() {
     return failure;
+  }
+
+  synchronized void setFailure(String reason) {
+    failure = reason;
   }
 
   synchronized boolean isActive() {
@@ -165,7 +180,7 @@ final class MpvPlayer implements MpvProcess.Listener {
   }
 
   private void startMpv() {
-    failure = null;
+    failure = "";
     try {
       mpv = new MpvProcess(options, this);
     } catch (IOException e) {
@@ -195,6 +210,11 @@ final class MpvPlayer implements MpvProcess.Listener {
     if (mpv != null) mpv.send("set_property", property, value);
   }
 
+  private void enter(String uri) {
+    source = uri;
+    ++track;
+  }
+
   private void fail(String reason) {
     failure = reason;
     stop();
@@ -206,7 +226,7 @@ final class MpvPlayer implements MpvProcess.Listener {
     status.positionMs = 0;
     String started = playlist.currentSource();
     if (started == null) return;
-    source = started;
+    if (!playlist.isAtFirstSource()) enter(started);
     if (playlist.isAtLastSource()) nextSource = "";
   }
 

@@ -60,6 +60,10 @@ final class MpvPlaylist {
     return sources.get(current);
   }
 
+  boolean isAtFirstSource() {
+    return sources.firstKey() == current;
+  }
+
   boolean isAtLastSource() {
     return requested.isEmpty() && sources.lastKey() == current;
   }

@@ -1,7 +1,6 @@
 package com.orsa.tarq.dlna;
 
 import java.util.List;
-import java.util.Locale;
 
 /**
  * A handler that plays with mpv, as one transport, whatever the id. mpv shows pictures in a window; what
@@ -15,7 +14,7 @@ import java.util.Locale;
  * {@link #start} when mpv has ended, wait for mpv to start. mpv ends with the VM, at the latest.
  */
 public final class MpvRendererHandler extends TarqRendererHandler implements PlaybackReport {
-  /** mpv could not be started: see {@link #failure}. */
+  /** mpv could not be started: see {@link #getFailure}. */
   public static final int START_FAILED = 100;
 
   private final MpvPlayer player = new MpvPlayer();
@@ -24,7 +23,7 @@ public final class MpvRendererHandler extends TarqRendererHandler implements Pla
     Runtime.getRuntime().addShutdownHook(new Thread(this::close));
   }
 
-  /** Starts mpv, with more options for its command line; {@link #failure} says whether it runs. */
+  /** Starts mpv, with more options for its command line; {@link #getFailure} says whether it runs. */
   public void open(String... options) {
     player.open(List.of(options));
   }
@@ -93,7 +92,7 @@ public final class MpvRendererHandler extends TarqRendererHandler implements Pla
     synchronized (player) {
       if (player.nextSource().isEmpty()) return INVALID_STATE;
       boolean wasPlaying = getState(id) == PLAYING;
-      player.setSource(player.nextSource());
+      player.takeNext();
       return wasPlaying ? start(id, "1") : OK;
     }
   }
@@ -153,18 +152,24 @@ public final class MpvRendererHandler extends TarqRendererHandler implements Pla
   }
 
   @Override
-  public String currentSource() {
+  public int getCurrentTrack() {
+    return player.track();
+  }
+
+  @Override
+  public String getCurrentSource() {
     return player.source();
   }
 
   @Override
-  public String failure() {
+  public String getFailure() {
     return player.failure();
   }
 
-  private static boolean isPlayable(String uri) {
-    String start = uri.toLowerCase(Locale.ROOT);
-    return uri.isEmpty() || start.startsWith("http://") || start.startsWith("https://");
+  private boolean isPlayable(String uri) {
+    boolean playable = uri.isEmpty() || ExternalProgram.isPlayable(uri);
+    if (!playable) player.setFailure("only http and https URIs are handed to mpv");
+    return playable;
   }
 
   private static boolean isMaster(String channel) {

@@ -7,15 +7,15 @@ package com.orsa.tarq.dlna;
  * <p><b>Threads.</b> Any, also several at once. The answers come from memory.
  */
 public interface PlaybackReport {
+  /** The number of the current track since its source was set, from 1. */
+  int getCurrentTrack();
+
   /**
    * @return the URI that plays, or that {@link TarqRendererHandler#start} would play; it changes with
    *     the track; empty: nothing to play
    */
-  String currentSource();
+  String getCurrentSource();
 
-  /**
-   * @return why the last track, or the player itself, failed; null: neither did. Setting a source and
-   *     starting to play clear it.
-   */
-  String failure();
+  /** Why the last call failed, or why the current track ended early; empty: neither. */
+  String getFailure();
 }

@@ -12,7 +12,7 @@ package com.orsa.tarq.dlna;
  * success; your own codes (100 and above) reach the host unchanged. Do not return 1 or 3: these codes
  * mean that the handler was not reached. A method that asks for something returns the value and cannot
  * report an error. No method may throw: the exception would be dropped and the result would be 0 or
- * null.
+ * null. ({@code tarq-dmr play} shows it first.)
  *
  * <p><b>Arguments.</b> {@code id} is the number of the transport, or of the connection for the two
  * connection methods; it is 0 in a renderer with one transport. It is unsigned: above 2147483647 it

@@ -17,9 +17,9 @@ int explainOne(TarqDmrParamsInterface& params, const ExplainOptions& options) {
   const Explanation explanation =
       explain(params, options.uri.c_str(), metadata, options.region, options.probe);
   if (options.json) {
-    JsonWriter json;
+    JsonWriter json(stdout);
     writeExplanation(json, explanation);
-    std::puts(json.str().c_str());
+    json.endLine();
   } else {
     std::fputs(explanationText(explanation).c_str(), stdout);
   }

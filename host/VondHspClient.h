@@ -68,7 +68,7 @@ class TARQ_HOST_API VondHspClient {
   void Close() noexcept;
 
  private:
-  struct Transfer;
+  struct TARQ_HOST_PRIVATE Transfer;
 
   // Null after an allocation failure.
   Transfer* transfer_;

@@ -14,9 +14,9 @@ namespace {
 
 void printResult(int code, const TarqResourceInfo& resource, const CheckOptions& options) {
   if (options.json) {
-    JsonWriter json;
+    JsonWriter json(stdout);
     writeResult(json, code, resource);
-    std::puts(json.str().c_str());
+    json.endLine();
   } else if (code == kAccepted) {
     std::puts(describe(code));
     printResource(resource);

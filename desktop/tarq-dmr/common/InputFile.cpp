@@ -11,6 +11,7 @@
 
 #include "CommandError.h"
 #include "Metadata.h"
+#include "TextOutput.h"
 
 namespace {
 
@@ -57,7 +58,8 @@ std::string readMetadata(const std::string& path) {
     throw CommandError(path + ": the metadata contains a NUL byte");
   UnwrappedMetadata unwrapped = unwrapMetadata(std::move(metadata));
   if (unwrapped.from != nullptr) {
-    std::fprintf(stderr, "tarq-dmr: %s holds %s; using the DIDL-Lite in it\n", path.c_str(), unwrapped.from);
+    std::fprintf(stderr, "tarq-dmr: %s holds %s; using the DIDL-Lite in it\n", printable(path).c_str(),
+                 unwrapped.from);
   }
   return std::move(unwrapped.didl);
 }

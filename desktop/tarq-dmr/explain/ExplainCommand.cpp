@@ -18,9 +18,9 @@ int explainOne(TarqDmrParamsInterface& params, const ExplainOptions& options) {
       explain(params, options.uri.c_str(), metadata, options.region, options.probe);
   requireNoShortage();
   if (options.json) {
-    JsonWriter json;
+    JsonWriter json(stdout);
     writeExplanation(json, explanation);
-    std::puts(json.str().c_str());
+    json.endLine();
   } else {
     std::fputs(explanationText(explanation).c_str(), stdout);
   }

@@ -2,6 +2,7 @@
 #include "ExplainWords.h"
 #include "JsonObject.h"
 #include "ResultText.h"
+#include "VondProtocolInfo.h"
 
 namespace {
 
@@ -30,13 +31,21 @@ void writeMetadata(JsonObject& object, const Explanation& explanation) {
   object.add("resCount", static_cast<int>(explanation.res.size()));
 }
 
+// Of link-protected content the third protocolInfo field, which wraps the MIME type. It may be long, so it is
+// copied only here.
+void writeWrapped(JsonObject& object, const char* protocolInfo, const TarqDlnaResMetadata& record) {
+  constexpr std::string_view kKey = "wrappedContentFormat";
+  if (!record.mimeTypeWrapped) return object.addNull(kKey);
+  object.add(kKey, VondProtocolInfo(protocolInfo).GetField(3));
+}
+
 void writeRes(JsonObject& object, const ResFacts& res, const TarqDlnaResMetadata& record) {
   object.add("protocolInfo", res.protocolInfo);
   object.add("url", res.url);
   object.add("requested", res.requested);
   object.add("skip", skipKey(record.skip));
   object.add("skipped", skipWords(record.skip));
-  object.add("wrappedContentFormat", res.wrappedContentFormat ? res.wrappedContentFormat->c_str() : nullptr);
+  writeWrapped(object, res.protocolInfo, record);
   object.add("mimeType", record.mimeType);
   object.add("extension", record.extension);
   object.add("dlnaPn", record.dlnaPn);

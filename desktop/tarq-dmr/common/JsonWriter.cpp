@@ -62,7 +62,9 @@ void JsonWriter::value(const char* string) {
   }
 }
 
-void JsonWriter::value(int number) {
+void JsonWriter::value(int number) { value(int64_t{number}); }
+
+void JsonWriter::value(int64_t number) {
   beginValue();
   json_ += std::to_string(number);
 }

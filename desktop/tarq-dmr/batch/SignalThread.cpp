@@ -18,7 +18,7 @@ SignalThread::SignalThread(Step onSignal) : onSignal_(std::move(onSignal)) {
 SignalThread::~SignalThread() {
   if (!thread_.joinable()) return;
   stop_ = true;
-  ::pthread_kill(thread_.native_handle(), SIGTERM);
+  ::pthread_kill(thread_.native_handle(), SIGINT);
   thread_.join();
   ::pthread_sigmask(SIG_SETMASK, &previous_, nullptr);
 }

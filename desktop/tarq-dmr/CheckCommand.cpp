@@ -39,9 +39,14 @@ int checkBatch(TarqDmrParamsInterface& params, const CheckOptions& options) {
   const auto check = [&params](JsonWriter& json, const BatchRequest& request) {
     const auto checker = newChecker(params);
     const int code = checker->CheckResource(request.uri, request.metadata);
-    writeResult(json, code, *checker->GetResource());
+    const TarqResourceInfo& resource = *checker->GetResource();
+    writeResult(json, code, resource);
+    BatchOutcome outcome{.code = code};
+    const char* format = code == kAccepted ? formatOf(resource) : nullptr;
+    if (format != nullptr) outcome.format = format;
+    return outcome;
   };
-  runBatch(params, {*options.batchFile, options.region, options.jobs}, check);
+  runBatch(params, options, check);
   return kExitOk;
 }
 

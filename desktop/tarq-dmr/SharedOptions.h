@@ -21,7 +21,7 @@ void addJson(CLI::App& command, bool& json, const char* description);
 CLI::Option* addUri(CLI::App& command, std::string& uri);
 CLI::Option* addMetadata(CLI::App& command, OptionalFile& file);
 
-// The URI and --metadata, or --batch instead of both; --jobs, --json and --region.
+// The URI and --metadata, or --batch instead of both; --jobs, --summary, --json and --region.
 void addResourceOptions(CLI::App& command, ResourceOptions& options, const char* batchDescription);
 
 #endif  // TARQ_DMR_SHARED_OPTIONS_H_

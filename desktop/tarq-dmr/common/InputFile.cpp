@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -39,6 +40,12 @@ size_t InputFile::read(char* to, size_t capacity) {
       fail();
     }
   }
+}
+
+std::optional<uint64_t> InputFile::size() const {
+  struct stat status {};
+  if (::fstat(descriptor_, &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+  return static_cast<uint64_t>(status.st_size);
 }
 
 void InputFile::fail() const { throw CommandError("cannot read " + path_ + ": " + std::strerror(errno)); }

@@ -26,6 +26,7 @@ class JsonObject {
   void add(std::string_view key, const std::string& string) { addValue(key, string.c_str()); }
   void add(std::string_view key, const VondString& string) { addValue(key, string.c_str()); }
   void add(std::string_view key, int number) { addValue(key, number); }
+  void add(std::string_view key, int64_t number) { addValue(key, number); }
   void add(std::string_view key, bool flag) { addValue(key, flag); }
   void addNull(std::string_view key) { addValue(key, static_cast<const char*>(nullptr)); }
   void addIndex(std::string_view key, int index) { index < 0 ? addNull(key) : add(key, index); }

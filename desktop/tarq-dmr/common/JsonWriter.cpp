@@ -83,7 +83,9 @@ void JsonWriter::value(const char* string) {
   write("\"");
 }
 
-void JsonWriter::value(int number) {
+void JsonWriter::value(int number) { value(int64_t{number}); }
+
+void JsonWriter::value(int64_t number) {
   beginValue();
   write(std::to_string(number));
 }

@@ -1,9 +1,11 @@
 #ifndef TARQ_DMR_JSON_WRITER_H_
 #define TARQ_DMR_JSON_WRITER_H_
 
+#include <cstdint>
 #include <cstdio>
 #include <string>
 #include <string_view>
+#include <utility>
 
 // Writes JSON without white space.
 // Null: a null string becomes `null`. Bytes that are not valid UTF-8 become U+FFFD.
@@ -14,6 +16,7 @@ class JsonWriter {
   explicit JsonWriter(std::FILE* stream) : stream_(stream) {}
 
   const std::string& str() const { return json_; }  // without a stream: what was written so far
+  std::string take() { return std::move(json_); }   // the same, and ends the writing
   void endLine();                                   // with a stream only
 
   void openObject() { open('{'); }
@@ -23,6 +26,7 @@ class JsonWriter {
   void key(std::string_view name);  // must need no escapes
   void value(const char* string);
   void value(int number);
+  void value(int64_t number);
   void value(bool flag);
 
  private:

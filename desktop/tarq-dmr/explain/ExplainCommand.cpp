@@ -7,6 +7,7 @@
 #include "Explanation.h"
 #include "InputFile.h"
 #include "JsonWriter.h"
+#include "ResultJson.h"
 
 namespace {
 
@@ -29,9 +30,16 @@ int explainOne(TarqDmrParamsInterface& params, const ExplainOptions& options) {
 
 int explainBatch(TarqDmrParamsInterface& params, const ExplainOptions& options) {
   const auto answer = [&](JsonWriter& json, const BatchRequest& request) {
-    writeExplanation(json, explain(params, request.uri, request.metadata, request.region, options.probe));
+    const Explanation explanation =
+        explain(params, request.uri, request.metadata, request.region, options.probe);
+    writeExplanation(json, explanation);
+    const TarqResourceInfo* resource = explanation.verdict.resource();
+    BatchOutcome outcome{.code = explanation.verdict.code};
+    const char* format = resource == nullptr ? explanation.format() : formatOf(*resource);
+    if (format != nullptr) outcome.format = format;
+    return outcome;
   };
-  runBatch(params, {*options.batchFile, options.region, options.jobs}, answer);
+  runBatch(params, options, answer);
   return kExitOk;
 }
 

@@ -1,6 +1,7 @@
 #include "ContestWords.h"
 #include "ExplainWords.h"
 #include "JsonObject.h"
+#include "ResultJson.h"
 #include "ResultText.h"
 #include "VondProtocolInfo.h"
 
@@ -174,7 +175,7 @@ void writeVerdict(JsonObject& object, const Explanation& explanation) {
   const TarqResourceInfo* resource = verdict.resource();
   if (resource == nullptr) return;
   object.add("resIndex", resource->resIndex);
-  object.add("format", resource->contentFormat == nullptr ? nullptr : resource->contentFormat->c_str());
+  object.add("format", formatOf(*resource));
   object.add("uri", resource->uri);
   object.add("mimeType", resource->mimeType);
   object.add("additionalInfo", resource->additionalInfo);

@@ -7,6 +7,9 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 
+# Libraries are found from the file that needs them, so that bin/ and lib/ can be moved together.
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+
 option(TARQ_BENCH "Build the benchmarks" OFF)
 option(TARQ_FUZZ "Build the fuzzers; needs Clang and fuzzer-no-link among the sanitizers" OFF)
 set(TARQ_SANITIZE "" CACHE STRING "The value for -fsanitize, for example address,undefined")
@@ -27,6 +30,15 @@ if(TARQ_SANITIZE)
                       -fno-omit-frame-pointer -D_GLIBCXX_ASSERTIONS)
   add_link_options(-fsanitize=${TARQ_SANITIZE})
 endif()
+
+# What ships is hardened: a fault that a document from the network finds ends the process instead of steering it.
+# scripts/check-hardening.sh checks that it arrived.
+set(hardening -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -D_GLIBCXX_ASSERTIONS)
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86|i.86|AMD64")
+  list(APPEND hardening -fcf-protection)
+endif()
+add_compile_options("$<$<CONFIG:Release>:${hardening}>")
+add_link_options("$<$<CONFIG:Release>:-Wl,-z,relro,-z,now,-z,noexecstack>")
 
 # Link-time optimisation over the parts of a library: 1.5 % fewer instructions for a check, a plug-in 7 % smaller.
 include(CheckIPOSupported)

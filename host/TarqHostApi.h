@@ -16,6 +16,9 @@
 // must see the mark too.
 #define TARQ_HOST_API __attribute__((visibility("default")))
 
+// Marks what is libtarq's own although the class around it is not.
+#define TARQ_HOST_PRIVATE __attribute__((visibility("hidden")))
+
 // Marks what a plug-in defines and the host calls.
 #define TARQ_PLUGIN_EXPORT __attribute__((visibility("default")))
 

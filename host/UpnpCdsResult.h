@@ -83,7 +83,7 @@ class TARQ_HOST_API UpnpCdsResult : public UpnpAvResult {
   const UpnpAvObject* GetObject(int index) const noexcept override;
 
  private:
-  struct Document;
+  struct TARQ_HOST_PRIVATE Document;
 
   // Null when not parsed.
   Document* document_;

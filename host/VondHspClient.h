@@ -75,7 +75,7 @@ class TARQ_HOST_API VondHspClient {
   static unsigned int GetNumOfShortages() noexcept;
 
  private:
-  struct Transfer;
+  struct TARQ_HOST_PRIVATE Transfer;
 
   // Null when there was no memory or no descriptor for it.
   Transfer* transfer_;

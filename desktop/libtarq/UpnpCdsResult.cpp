@@ -10,25 +10,12 @@
 #include <vector>
 
 #include "AsciiText.h"
+#include "DidlBounds.h"
 
 namespace {
 
-constexpr size_t kMaxBytes = size_t{4} * 1024 * 1024;
-
-// Every node of pugixml but text begins with "<", every attribute has a "=", and each costs many times the
-// bytes that it has in the document. A real object has at most a few thousand of either.
-constexpr size_t kMaxTags = 16'384;
-constexpr size_t kMaxEqualSigns = 65'536;
-
-bool hasAtMost(size_t count, char wanted, std::string_view didl) {
-  if (didl.size() <= count) return true;
-  for (size_t at = didl.find(wanted); at != didl.npos; at = didl.find(wanted, at + 1))
-    if (count-- == 0) return false;
-  return true;
-}
-
 bool isSmall(std::string_view didl) {
-  return didl.size() <= kMaxBytes && hasAtMost(kMaxTags, '<', didl) && hasAtMost(kMaxEqualSigns, '=', didl);
+  return didl.size() <= kMaxDidlBytes && treeExcess(didl) == TreeExcess::kNone;
 }
 
 // White space between pieces of text is significant, so it is kept. The first piece of text of an element is
@@ -224,7 +211,7 @@ bool UpnpCdsResult::Document::parse(const char* didl, size_t length) {
 UpnpAvResult::~UpnpAvResult() = default;
 
 UpnpCdsResult::UpnpCdsResult(const char* didl) noexcept : document_(nullptr) {
-  const size_t length = didl != nullptr ? strnlen(didl, kMaxBytes + 1) : 0;
+  const size_t length = didl != nullptr ? strnlen(didl, kMaxDidlBytes + 1) : 0;
   if (length == 0 || !isSmall({didl, length})) return;
   try {
     auto document = std::make_unique<Document>();

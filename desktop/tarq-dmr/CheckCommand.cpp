@@ -14,9 +14,9 @@ namespace {
 
 void printResult(int code, const TarqResourceInfo& resource, const CheckOptions& options) {
   if (options.json) {
-    JsonWriter json;
+    JsonWriter json(stdout);
     writeResult(json, code, resource);
-    std::puts(json.str().c_str());
+    json.endLine();
   } else if (code == kAccepted) {
     std::puts(describe(code));
     printResource(resource);
@@ -39,9 +39,14 @@ int checkBatch(TarqDmrParamsInterface& params, const CheckOptions& options) {
   const auto check = [&params](JsonWriter& json, const BatchRequest& request) {
     const auto checker = newChecker(params);
     const int code = checker->CheckResource(request.uri, request.metadata);
-    writeResult(json, code, *checker->GetResource());
+    const TarqResourceInfo& resource = *checker->GetResource();
+    writeResult(json, code, resource);
+    BatchOutcome outcome{.code = code};
+    const char* format = code == kAccepted ? formatOf(resource) : nullptr;
+    if (format != nullptr) outcome.format = format;
+    return outcome;
   };
-  runBatch(params, {*options.batchFile, options.region, options.jobs}, check);
+  runBatch(params, options, check);
   return kExitOk;
 }
 

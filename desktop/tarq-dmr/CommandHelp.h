@@ -35,13 +35,18 @@ inline constexpr const char* kCheckHelp =
     "Examples:\n"
     "  tarq-dmr check http://192.168.0.2:8200/23.mpg --metadata item.xml --region 1\n"
     "  tarq-dmr check http://192.168.0.2:8200/23.mpg --metadata - --json < item.xml\n"
-    "  tarq-dmr check --batch items.ndjson --jobs 8 > results.ndjson\n\n"
+    "  tarq-dmr check --batch items.ndjson --jobs 8 > results.ndjson\n"
+    "  tarq-dmr check --batch items.ndjson --summary\n\n"
     "A batch line is {\"uri\":\"...\",\"metadata\":\"...\",\"region\":N}; metadata and region\n"
     "are optional. For each line there is one JSON line, in the order of the input:\n"
     "{\"code\":0,...what to play...} when accepted, {\"code\":N,\"message\":\"...\"} when\n"
-    "refused; the code is -1 when the line is not valid input. A batch that was read\n"
-    "to its end exits with 0. A job needs up to 6 descriptors; where ulimit -n leaves\n"
-    "fewer, fewer jobs run.\n\n";
+    "refused; the code is -1 when the line is not valid input. \"id\" and keys that\n"
+    "begin with \"x-\" are repeated as they stood at the end of the result line; null\n"
+    "is the same as a missing key; of two equal keys the last counts. With --summary\n"
+    "there are only the counts of the lines by result and by format.\n"
+    "A batch that was read to its end exits with 0. When interrupted it ends with the\n"
+    "last line that was checked in order, and with 130 (SIGINT) or 143 (SIGTERM).\n"
+    "A job needs up to 6 descriptors; where ulimit -n leaves fewer, fewer jobs run.\n\n";
 
 inline constexpr const char* kPlayHelp =
     "Examples:\n"
@@ -80,7 +85,7 @@ inline constexpr const char* kExplainHelp =
     "Takes the steps of a check and shows what each found: the candidates, their\n"
     "points, and what made each eligible or excluded it. No server is asked unless\n"
     "--probe is given. The last line is the verdict. A batch takes the lines of\n"
-    "check --batch and writes one JSON line for each.\n\n";
+    "check --batch and writes one JSON line for each, or the counts of --summary.\n\n";
 
 inline constexpr const char* kDemoHelp =
     "Example:\n"

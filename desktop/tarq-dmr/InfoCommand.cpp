@@ -111,7 +111,7 @@ void writePlugin(JsonObject& object, const PluginInfo& info) {
 }
 
 void printJson(const PluginInfo& info, Device& device, ControlPoint& controlPoint) {
-  JsonWriter json;
+  JsonWriter json(stdout);
   {
     JsonObject all(json);
     all.addObject("plugin", [&](JsonObject& object) { writePlugin(object, info); });
@@ -119,7 +119,7 @@ void printJson(const PluginInfo& info, Device& device, ControlPoint& controlPoin
     all.addObject("controlPoint",
                   [&](JsonObject& object) { writeSettings(object, kControlPointSettings, controlPoint); });
   }
-  std::puts(json.str().c_str());
+  json.endLine();
 }
 
 }  // namespace

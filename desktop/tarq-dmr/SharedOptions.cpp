@@ -90,7 +90,7 @@ void addPlayer(CLI::App& command, PlayerChoice& player) {
 void addResourceOptions(CLI::App& command, ResourceOptions& options, const char* batchDescription) {
   addHostOptions(command, options.host);
   addRegion(command, options.region);
-  addJson(command, options.json, "One JSON line (a batch always writes JSON)");
+  addJson(command, options.json, "One JSON line (the lines of a batch always are)");
   const CLI::Option* const uri = addUri(command, options.uri);
   const CLI::Option* const metadata = addMetadata(command, options.metadataFile);
   const CLI::Option* const batch =
@@ -99,12 +99,17 @@ void addResourceOptions(CLI::App& command, ResourceOptions& options, const char*
       command.add_option("--jobs", options.jobs, "Lines of a batch at once, 1 to 64 (default 1)")
           ->type_name("N")
           ->check(CLI::Range(1, 64).description(""));
+  const CLI::Option* const summary = command.add_flag(
+      "--summary", options.summary,
+      "Instead of the lines of a batch, counts by result\nand by format; with --json one object");
   // The parser would check this before it complains of a mistyped option, whose value it takes for the URI.
-  command.callback([uri, metadata, batch, jobs] {
+  command.callback([uri, metadata, batch, jobs, summary] {
     if (uri->empty() && batch->empty()) throw CLI::RequiredError("a URI or --batch");
     for (const CLI::Option* option : {uri, metadata}) {
       if (!option->empty() && !batch->empty()) throw CLI::ExcludesError(option->get_name(), "--batch");
     }
-    if (!jobs->empty() && batch->empty()) throw CLI::RequiresError("--jobs", "--batch");
+    for (const CLI::Option* option : {jobs, summary}) {
+      if (!option->empty() && batch->empty()) throw CLI::RequiresError(option->get_name(), "--batch");
+    }
   });
 }

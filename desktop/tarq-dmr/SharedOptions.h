@@ -24,7 +24,7 @@ CLI::Option* addMetadata(CLI::App& command, OptionalFile& file);
 
 void addPlayer(CLI::App& command, PlayerChoice& player);  // --player and what belongs to it
 
-// The URI and --metadata, or --batch instead of both; --jobs, --json and --region.
+// The URI and --metadata, or --batch instead of both; --jobs, --summary, --json and --region.
 void addResourceOptions(CLI::App& command, ResourceOptions& options, const char* batchDescription);
 
 #endif  // TARQ_DMR_SHARED_OPTIONS_H_

@@ -6,6 +6,7 @@
 #include "CommandError.h"
 #include "HostSession.h"
 #include "SinkEntries.h"
+#include "TextOutput.h"
 
 int runSink(const SinkOptions& options) {
   TarqDmrParamsInterface& params = *openHost(options.host).GetParams();
@@ -17,7 +18,7 @@ int runSink(const SinkOptions& options) {
   }
   const auto entries = splitSink(sink);
   for (const std::string_view entry : entries) {
-    std::printf("%.*s\n", static_cast<int>(entry.size()), entry.data());
+    std::puts(printable(entry).c_str());
   }
   std::printf("%zu entries\n", entries.size());
   return kExitOk;

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <functional>
 #include <memory>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -16,6 +17,7 @@
 #include "PlayCommand.h"
 #include "SharedOptions.h"
 #include "SinkCommand.h"
+#include "TextOutput.h"
 
 namespace {
 
@@ -93,7 +95,7 @@ constexpr struct {
 };
 
 std::string usageError(const CLI::App*, const CLI::Error& error) {
-  return std::string("tarq-dmr: ") + error.what() + " (see --help)\n";
+  return "tarq-dmr: " + printable(error.what()) + " (see --help)\n";
 }
 
 using CommandRuns = std::vector<std::pair<const CLI::App*, Run>>;
@@ -142,8 +144,10 @@ int main(int argc, char** argv) {
     const int exitCode = runCommandLine(argc, argv);
     flushResults();
     return exitCode;
+  } catch (const std::bad_alloc&) {
+    std::fputs("tarq-dmr: not enough memory\n", stderr);
   } catch (const std::exception& error) {
-    std::fprintf(stderr, "tarq-dmr: %s\n", error.what());
-    return kExitUsage;
+    std::fprintf(stderr, "tarq-dmr: %s\n", printable(error.what()).c_str());
   }
+  return kExitUsage;
 }

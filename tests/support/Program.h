@@ -76,11 +76,11 @@ inline pid_t startProgram(const std::vector<std::string>& arguments, int in, int
   return child;
 }
 
-// The exit code; -1: ended by a signal.
+// The exit code, or below 0 the signal that ended it.
 inline int waitFor(pid_t child, rusage* usage = nullptr) {
   int status = 0;
   ::wait4(child, &status, 0, usage);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
 
 struct Outcome {

@@ -1,31 +1,14 @@
-#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <atomic>
-#include <thread>
-
-#include "HeldResources.h"
+#include "BatchLines.h"
 #include "Program.h"
-#include "RawHttpServer.h"
 #include "TestRows.h"
 
 namespace {
 
 using testing::ElementsAre;
 using testing::StartsWith;
-
-// A line about content that is recognised by its metadata.
-std::string line(const std::string& name) {
-  return R"({"uri":"http://media.example/)" + name + R"(","metadata":"http-get:*:video"})";
-}
-
-std::string accepted(const std::string& name) {
-  return R"({"code":0,"uri":"http://media.example/)" + name +
-         R"(","mimeType":"video/*","additionalInfo":null,"resIndex":-1,"size":null,"duration":null,)"
-         R"("reserved":null,"operation":null,"contentFormat":null})";
-}
 
 Outcome batch(std::string_view input, const char* jobs = "1") {
   return runProgram({"check", "--batch", "-", "--jobs", jobs}, input);
@@ -50,7 +33,8 @@ const struct {
     {"NulAtEnd", std::string(R"({"uri":"x:"})") + '\0', kNotJson},
     {"Array", R"(["uri","x:"])", "the line is not a JSON object"},
     {"InnerUri", R"({"more":{"uri":"x:"}})", "uri is missing"},
-    {"UriNull", R"({"uri":null})", "uri is not a string"},
+    {"UriNull", R"({"uri":"x:","uri":null})", "uri is missing"},
+    {"NameWithNul", R"({"uri":"x:","x-\u0000":1})", "a string contains a NUL character"},
     {"MetadataNumber", R"({"uri":"x:","metadata":1})", "metadata is neither a string nor null"},
     {"RegionString", R"({"uri":"x:","region":"1"})", kNotRegion},
     {"RegionFraction", R"({"uri":"x:","region":1.0})", kNotRegion},
@@ -68,7 +52,7 @@ const struct {
     {"NotSoDeep", nested(50), nullptr},
     {"LastCharacter", "{\"uri\":\"x:\xF4\x8F\xBF\xBF\"}", nullptr},
     {"CarriageReturn", "{\"uri\":\"x:\"}\r", nullptr},
-    {"MetadataNull", R"({"uri":"x:","metadata":null})", nullptr},
+    {"OtherNulls", R"({"uri":"x:","metadata":null,"region":null})", nullptr},
     {"LowestRegion", R"({"uri":"x:","region":-2147483648})", nullptr},
     {"LastUriCounts", R"({"uri":1,"uri":"x:"})", nullptr},
     {"Escapes", R"({"\u0075ri":"x:","title":"\ud83d\ude00"})", nullptr},
@@ -79,8 +63,42 @@ TEST_ROWS(Batch, AnswersALineInItsPlace, kLines) {
   EXPECT_EQ(outcome.exitCode, 0);
   EXPECT_EQ(outcome.err, "");
   const std::string answer =
-      row.problem == nullptr ? kChecked : R"({"code":-1,"message":")" + std::string(row.problem) + "\"}";
+      row.problem == nullptr ? kChecked : R"({"code":-1,"message":")" + std::string(row.problem) + "\"";
   EXPECT_THAT(linesOf(outcome.out), ElementsAre(accepted("a"), StartsWith(answer), accepted("b")));
+}
+
+constexpr OutcomeRow kRepeated[] = {
+    {"Number", R"({"id":-0.10e2 ,"uri":"x:"})", R"("id":-0.10e2)"},
+    {"Nested", R"({"uri":"x:","x-a":[{"x-b":"]}\\"}, {"id":"\""}]})",
+     R"("x-a":[{"x-b":"]}\\"}, {"id":"\""}])"},
+    {"Names", R"({"x-\n" : "\u0041","X-":1,"ids":2,"\u0069d":"q","uri":"x:"})",
+     R"("x-\n":"\u0041","id":"q")"},
+    {"LastCounts", R"({"id":1,"x-":2,"id":null,"uri":"x:"})", R"("id":null,"x-":2)"},
+    {"ReturnsInside", "{\"uri\":\"x:\",\"id\":[\r1]\r}\r", R"("id":[ 1])"},
+    {"InvalidLine", R"({"id":7})", R"({"code":-1,"message":"uri is missing","id":7)"},
+};
+
+TEST_ROWS(Batch, RepeatsMembersAtTheEnd, kRepeated) {
+  for (const char* command : {"check", "explain"}) {
+    const std::string out = runProgram({command, "--batch", "-"}, row.input).out;
+    EXPECT_THAT(out, testing::EndsWith(std::string(row.outcome) + "}\n"));
+  }
+}
+
+TEST(Batch, SummaryCountsByResultAndByFormat) {
+  const std::string input = R"({"uri":"x:"})"
+                            "\n" +
+                            line("a") + "\n{}\n" + line("b") + "\n";
+  EXPECT_EQ(runProgram({"check", "--batch", "-", "--summary"}, input).out,
+            "  lines   code  result\n      1     -1  not valid input\n      2      0  accepted\n"
+            "      1  55106  nothing playable was found\n      4      -  all lines\n\n"
+            "  lines  format\n      2  (no name)\n");
+  const std::string probed = R"({"uri":"http://127.0.0.1/"})";
+  EXPECT_EQ(
+      runProgram({"explain", "--batch", "-", "--summary", "--json"}, probed).out,
+      R"({"lines":1,"codes":[{"code":null,"message":"undecided: depends on the server's answer","lines":1}],)"
+      R"("formats":[{"format":null,"lines":1}]})"
+      "\n");
 }
 
 TEST(Batch, KeepsTheOrderOfManyLines) {
@@ -131,155 +149,6 @@ TEST(Batch, NeedsNoMoreMemoryForMoreLines) {
     return outcome.maxResidentKiB;
   };
   EXPECT_LT(residentKiB(20'000), residentKiB(2'000) + 2048);  // the lines alone are 20 MB
-}
-
-class Pipe {
- public:
-  Pipe() {
-    if (::pipe2(ends_, O_CLOEXEC) != 0) std::abort();
-  }
-  ~Pipe() {
-    closeRead();
-    closeWrite();
-  }
-  int read() const { return ends_[0]; }
-  int write() const { return ends_[1]; }
-  void closeRead() { ::close(std::exchange(ends_[0], -1)); }
-  void closeWrite() { ::close(std::exchange(ends_[1], -1)); }
-
-  // Reads until the other end closes or so many lines are there.
-  std::string take(std::ptrdiff_t lines = PTRDIFF_MAX) const {
-    std::string all;
-    char piece[4096];
-    for (ssize_t count;
-         std::ranges::count(all, '\n') < lines && (count = ::read(read(), piece, sizeof piece)) > 0;)
-      all.append(piece, static_cast<size_t>(count));
-    return all;
-  }
-
- private:
-  int ends_[2];
-};
-
-// The program with its input still open.
-class RunningBatch {
- public:
-  RunningBatch() {
-    ::fcntl(in_.read(), F_SETFL, O_NONBLOCK);  // as another program that shares the pipe may have set it
-    child_ = startProgram({"check", "--batch", "-", "--jobs", "4"}, in_.read(), out_.write(), STDERR_FILENO);
-    out_.closeWrite();
-  }
-  ~RunningBatch() {
-    in_.closeWrite();
-    waitFor(child_);
-  }
-  // Returns: the answer to `text`, which ends so many lines.
-  std::string answers(const std::string& text, std::ptrdiff_t lines) {
-    EXPECT_EQ(::write(in_.write(), text.data(), text.size()), static_cast<ssize_t>(text.size()));
-    return out_.take(lines);
-  }
-  std::string id() const { return std::to_string(child_); }
-
- private:
-  Pipe in_;
-  Pipe out_;
-  pid_t child_ = -1;
-};
-
-TEST(Batch, AnswersBeforeTheInputEnds) {
-  RunningBatch program;
-  // The beginning of the next line must not hold back the answer.
-  for (const std::string name : {"a", "b", "c"}) {
-    const std::string question = (name == "a" ? line(name) : line(name).substr(1)) + "\n{";
-    EXPECT_EQ(program.answers(question, 1), accepted(name) + "\n");
-  }
-}
-
-TEST(Batch, ProbesAtOnceAnswersInOrderAndKeepsNothingOpen) {
-  std::atomic<int> waiting = 0;
-  std::atomic<int> mostWaiting = 0;
-  const RawHttpServer server([&](RawHttpServer::Connection& client) {
-    mostWaiting = std::max(mostWaiting.load(), ++waiting);
-    const int kind = std::stoi(client.request().substr(6)) % 3;  // "HEAD /" and the number
-    std::this_thread::sleep_for(std::chrono::milliseconds(2 - kind));
-    --waiting;
-    if (kind == 0) client.resetOnClose();
-    if (kind == 1) client.send("HTTP/1.1 503 X\r\n\r\n");
-    if (kind == 2) client.send("HTTP/1.1 200 OK\r\nContent-Type: image/jpeg\r\n\r\nbody");
-  });
-  RunningBatch program;
-  const auto openAfter = [&](int probes) {
-    std::string lines;
-    std::vector<testing::Matcher<std::string>> expected;
-    for (int i = 0; i < probes; ++i) {
-      const std::string uri = R"("uri":")" + server.url("/" + std::to_string(i)) + "\"";
-      const std::string codes[] = {"55108,", "55107,", "0," + uri};
-      lines += R"({"region":1,)" + uri + "}\n";
-      expected.emplace_back(StartsWith("{\"code\":" + codes[i % 3]));
-    }
-    EXPECT_THAT(linesOf(program.answers(lines, probes)), testing::ElementsAreArray(expected));
-    return heldBy(program.id());
-  };
-  const auto atFirst = openAfter(1);
-  EXPECT_EQ(mostWaiting, 1);
-  auto held = openAfter(1'000);
-  // The last answer may come before its threads have ended.
-  for (int i = 0; i < 1'000 && held != atFirst; ++i, held = heldBy(program.id())) ::usleep(1000);
-  EXPECT_EQ(held, atFirst);
-  EXPECT_TRUE(mostWaiting > 1 && mostWaiting <= 4) << mostWaiting;
-}
-
-// clang-format off
-const struct {
-  const char* name;
-  rlim_t descriptors;
-  const char* command;  // a blank at its end: the URI follows
-  size_t accepted;
-  const char* complaint;
-} kShortages[] = {
-    {"FewerJobs", 16, "check --jobs 8 --batch -", 64, "tarq-dmr: jobs lowered from 8 to "},
-    {"NoJob", 8, "check --batch -", 0, "tarq-dmr: cannot run even one job: no more than 8 files"},
-    {"NoRequest", 5, "check ", 0, "tarq-dmr: cannot ask a server: out of file descriptors"},
-    {"NoExplanation", 5, "explain --probe ", 0, "tarq-dmr: cannot ask a server: out of file descriptors"},
-};
-// clang-format on
-
-TEST_ROWS(Program, DoesNotBlameTheServerForItsOwnShortage, kShortages) {
-  const RawHttpServer server("HTTP/1.1 200 OK\r\nContent-Type: audio/mpeg\r\n\r\n");
-  const MemoryFile in(R"({"region":1,"uri":")" + server.url() + "\"}\n", 64);
-  const MemoryFile out;
-  const MemoryFile err;
-  const std::string command = row.command;
-  const pid_t child =
-      startProgram(wordsOf(command.ends_with(' ') ? command + server.url() : command), in.descriptor(),
-                   out.descriptor(), err.descriptor(), TARQ_DMR_PROGRAM, row.descriptors);
-  EXPECT_EQ(waitFor(child), row.accepted > 0 ? 0 : 2);
-  EXPECT_THAT(err.content(), StartsWith(row.complaint));
-  const std::vector<std::string> lines = linesOf(out.content());
-  EXPECT_EQ(lines.size(), row.accepted);
-  EXPECT_THAT(lines, testing::Each(StartsWith("{\"code\":0,")));
-}
-
-TEST(Batch, WaitsForAReaderThatIsSlow) {
-  constexpr size_t kCount = 2000;
-  Pipe out;
-  ::fcntl(out.write(), F_SETFL, O_NONBLOCK);
-  ::fcntl(out.write(), F_SETPIPE_SZ, 4096);  // far less than is written at a time
-  const MemoryFile input(line("a") + "\n", kCount);
-  const pid_t child = startProgram({"check", "--batch", "-"}, input.descriptor(), out.write(), STDERR_FILENO);
-  out.closeWrite();
-  EXPECT_EQ(linesOf(out.take()), std::vector<std::string>(kCount, accepted("a")));
-  waitFor(child);
-}
-
-TEST(Batch, EndsQuietlyWhenNobodyReads) {
-  Pipe out;
-  const MemoryFile input(line("a") + "\n", 1'000);
-  const MemoryFile err;
-  out.closeRead();
-  EXPECT_NE(
-      waitFor(startProgram({"check", "--batch", "-"}, input.descriptor(), out.write(), err.descriptor())), 0);
-  EXPECT_EQ(err.content(), "");
 }
 
 }  // namespace

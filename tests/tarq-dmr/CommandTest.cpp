@@ -73,7 +73,7 @@ TEST_ROWS(Check, RefusalSaysWhy, kRefusals) {
 TEST(Check, AcceptanceSaysWhatToPlay) {
   const RawHttpServer server(
       "HTTP/1.1 200 OK\r\n"  // without a type, so that the element's own stays
-      "contentFeatures.dlna.org: DLNA.ORG_OP=10;A=\"\xFF\\\xC3\xA9\t\"\r\n\r\n");
+      "contentFeatures.dlna.org: DLNA.ORG_OP=10;A=\"\xFF\\\xC3\xA9\t\xC2\x9B\u202E\"\r\n\r\n");
   const std::string metadata =
       "<DIDL-Lite><item><res size='5'/><res "
       "protocolInfo='http-get:*:video/mpeg:DLNA.ORG_PN=MPEG1;DLNA.ORG_OP=01' "
@@ -87,10 +87,21 @@ TEST(Check, AcceptanceSaysWhatToPlay) {
   EXPECT_EQ(json.out, R"({"code":0,"uri":")" + server.url("/v.mpg") +
                           R"(","mimeType":"video/mpeg","additionalInfo":"DLNA.ORG_OP=10;A=\")" +
                           "\uFFFD\\\\\u00E9" +
-                          R"(\t\"","resIndex":1,"size":"7","duration":"","reserved":"",)"
+                          R"(\t\u009B\u202E\"","resIndex":1,"size":"7","duration":"","reserved":"",)"
                           R"("operation":"01","contentFormat":"MPEG1"})"
                           "\n");
-  EXPECT_THAT(text.out, AllOf(StartsWith("accepted\n"), HasSubstr("\\x09"), EndsWith(" MPEG1\n")));
+  EXPECT_THAT(text.out, AllOf(StartsWith("accepted\n"), HasSubstr("A=\"\\xff\\\u00E9\\x09\\u009b\\u202e\""),
+                              EndsWith(" MPEG1\n")));
+}
+
+TEST(Check, LogRecordIsOneLineThatControlsNothing) {
+  const std::string metadata =
+      "<DIDL-Lite><item><res protocolInfo='::audio/L16:'>u\x1b\n\u202Eforged</res></item></DIDL-Lite>";
+  const std::vector<std::string> lines =
+      linesOf(runProgram({"check", "http://h.example/", "--metadata", "-", "--log", "debug"}, metadata).err);
+  ASSERT_EQ(lines.size(), 2u);
+  EXPECT_THAT(lines[0], EndsWith(" Internet Content URL h.example Request"));
+  EXPECT_THAT(lines[1], HasSubstr("[u\\x1b\\x0a\\u202eforged]"));
 }
 
 TEST(Sink, ListsTheEntriesOfTheRegion) {

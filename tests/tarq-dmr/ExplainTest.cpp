@@ -125,6 +125,27 @@ TEST_ROWS(Explain, TellsWhatIsMissing, kMissing) {
               HasSubstr(row.phrase));
 }
 
+const struct {
+  const char* name;
+  std::string metadata;
+  size_t times;
+  const char* phrase;
+} kHostile[] = {
+    {"Tags", "<a><a><a><a><a><a><a><a>", 170'000, R"("state":"tooManyTags")"},
+    {"EqualSigns", "<a b='" + std::string(70'000, '=') + "'/>", 1, R"("state":"tooManyEqualSigns")"},
+    {"ControlCharacters",
+     "<DIDL-Lite><item><res protocolInfo='::audio/L16" + std::string(4'000'000, '\1') +
+         ":'>u</res></item></DIDL-Lite>",
+     1, "\\u0001\\u0001"},
+};
+
+TEST_ROWS(Explain, IsAnsweredInLittleMemory, kHostile) {
+  const Outcome outcome =
+      runProgram({"explain", "http://a.example/", "--metadata", "-", "--json"}, row.metadata, row.times);
+  EXPECT_THAT(outcome.out, HasSubstr(row.phrase));
+  EXPECT_TRUE(outcome.maxResidentKiB <= 65'536 || !TARQ_COSTS_COUNT) << outcome.maxResidentKiB << " KiB";
+}
+
 TEST(Explain, WritesJsonForOneAndForABatch) {
   EXPECT_THAT(runProgram({"explain", "http://127.0.0.1:1/a", "--json"}).out, HasSubstr(R"({"code":null,)"));
   const std::string line = R"({"uri":"http://a.example/a.mp4","metadata":"<x/>","region":)";

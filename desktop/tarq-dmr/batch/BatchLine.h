@@ -2,6 +2,7 @@
 #define TARQ_DMR_BATCH_LINE_H_
 
 #include <cstdint>
+#include <string>
 
 #include "BatchInput.h"
 
@@ -11,11 +12,14 @@ struct BatchRequest {
   const char* uri = nullptr;
   const char* metadata = nullptr;  // null: none
   int32_t region = 0;
+  std::string passed = {};  // the members that the result line repeats, each after a comma
 };
 
-// Reads {"uri":"…","metadata":"…" or null,"region":N}. Metadata and region may be missing, other keys are
-// ignored, and of two equal keys the last counts. Works in place: it changes the bytes of the line.
+// Reads {"uri":"…","metadata":"…","region":N}. Metadata and region may be missing, null is the same as missing,
+// "id" and keys that begin with "x-" are passed on, other keys are ignored, and of two equal keys the last counts.
+// Works in place: it changes the bytes of the line.
 // Threads: different lines at once.
+// Errors: std::bad_alloc.
 BatchRequest parseBatchLine(const InputLine& line, int32_t defaultRegion);
 
 #endif  // TARQ_DMR_BATCH_LINE_H_

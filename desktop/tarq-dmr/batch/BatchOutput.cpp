@@ -4,18 +4,16 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
+#include <csignal>
 #include <cstring>
+#include <utility>
 
 #include "CommandError.h"
 
 namespace {
 
-using namespace std::chrono_literals;
-
 constexpr size_t kPieceBytes = size_t{256} << 10;
-constexpr auto kFlushInterval = 100ms;
-constexpr auto kProgressInterval = 200ms;
+constexpr auto kFlushInterval = std::chrono::milliseconds(100);
 
 void writeAll(std::string_view bytes) {
   while (!bytes.empty()) {
@@ -33,46 +31,50 @@ void writeAll(std::string_view bytes) {
 
 }  // namespace
 
-BatchOutput::BatchOutput()
-    : flushed_(Clock::now()),
-      started_(flushed_),
-      shown_(flushed_),
-      showsProgress_(::isatty(STDERR_FILENO) == 1),
-      resultsOnTerminal_(::isatty(STDOUT_FILENO) == 1) {}
-
-BatchOutput::~BatchOutput() {
-  if (!showsProgress_) return;
-  showProgress(Clock::now());
-  std::fputc('\n', stderr);
-}
-
-void BatchOutput::addLine(std::string_view result) {
-  pending_ += result;
-  pending_ += '\n';
-  ++lines_;
-  const Clock::time_point now = Clock::now();
-  if (pending_.size() >= kPieceBytes || now - flushed_ >= kFlushInterval) flush();
-  if (showsProgress_ && now - shown_ >= kProgressInterval) showProgress(now);
+void BatchOutput::add(const BatchResult& result, uint64_t inputEnd) {
+  const std::lock_guard lock(mutex_);
+  if (counts_) summary_.add(result.outcome);
+  const auto now = BatchProgress::Clock::now();
+  if (results_ == BatchResults::kLines) {
+    (pending_ += result.line) += '\n';
+    if (pending_.size() >= kPieceBytes || now - flushed_ >= kFlushInterval) write();
+  }
+  progress_.update(summary_.lines(), inputEnd, now);
 }
 
 void BatchOutput::flush() {
+  const std::lock_guard lock(mutex_);
+  write();
+}
+
+void BatchOutput::end() {
+  const std::lock_guard lock(mutex_);
+  writeEnd();
+}
+
+// The lock stays: whatever came after the end would be cut off.
+void BatchOutput::interrupt(int signal) noexcept {
+  const std::lock_guard lock(mutex_);
+  try {
+    writeEnd();
+  } catch (const std::exception&) {
+    // The process ends either way.
+  }
+  ::raise(signal);
+}
+
+void BatchOutput::write() {
   if (pending_.empty()) return;
-  if (resultsOnTerminal_) hideProgress();
+  progress_.hide();
   writeAll(pending_);
   pending_ = {};  // a very long result must not keep its memory
-  flushed_ = Clock::now();
+  flushed_ = BatchProgress::Clock::now();
 }
 
-void BatchOutput::showProgress(Clock::time_point now) {
-  const double seconds = std::chrono::duration<double>(now - started_).count();
-  const double perSecond = seconds > 0 ? static_cast<double>(lines_) / seconds : 0;
-  std::fprintf(stderr, "\r\033[K%zu lines, %.0f per second", lines_, perSecond);
-  progressVisible_ = true;
-  shown_ = now;
-}
-
-void BatchOutput::hideProgress() {
-  if (!progressVisible_) return;
-  std::fputs("\r\033[K", stderr);
-  progressVisible_ = false;
+void BatchOutput::writeEnd() {
+  if (std::exchange(hasEnded_, true)) return;
+  if (results_ == BatchResults::kSummaryText) pending_ = summary_.text();
+  if (results_ == BatchResults::kSummaryJson) pending_ = summary_.json() + '\n';
+  write();
+  progress_.end(summary_.lines(), summary_.words());
 }

@@ -1,38 +1,46 @@
 #ifndef TARQ_DMR_BATCH_OUTPUT_H_
 #define TARQ_DMR_BATCH_OUTPUT_H_
 
-#include <chrono>
+#include <mutex>
 #include <string>
-#include <string_view>
 
-// Writes the result lines of a batch to standard output in large pieces. Shows progress on standard error
-// when that is a terminal.
+#include "BatchProgress.h"
+#include "BatchSummary.h"
+
+// What standard output gets of a batch.
+enum class BatchResults { kLines, kSummaryText, kSummaryJson };
+
+// Writes the result lines of a batch in large pieces, or a summary at its end. Shows progress.
+// Threads: one that adds, while another may interrupt.
+// Errors: CommandError when standard output cannot be written.
 class BatchOutput {
  public:
-  BatchOutput();
-  ~BatchOutput();  // ends the progress line
-  BatchOutput(const BatchOutput&) = delete;
-  BatchOutput& operator=(const BatchOutput&) = delete;
+  BatchOutput(BatchResults results, std::optional<uint64_t> inputBytes)
+      : results_(results),
+        progress_(inputBytes),
+        counts_(results != BatchResults::kLines || progress_.isShown()) {}
 
   // Flushes by itself every now and then, so that a slow check does not hold back the results before it.
-  // Errors: CommandError when standard output cannot be written, here and in `flush`.
-  void addLine(std::string_view result);
+  // `inputEnd`: bytes of the input up to the end of the line that was answered.
+  void add(const BatchResult& result, uint64_t inputEnd);
   void flush();
+  void end();
+  // Ends the output with the last line that was added, then the process by `signal`, which must not be blocked.
+  // Waits for whoever reads the results to take the rest of them.
+  void interrupt(int signal) noexcept;
 
  private:
-  using Clock = std::chrono::steady_clock;
+  void write();
+  void writeEnd();
 
-  void showProgress(Clock::time_point now);
-  void hideProgress();
-
+  const BatchResults results_;
+  std::mutex mutex_;  // for all below
   std::string pending_;
-  Clock::time_point flushed_;
-  const Clock::time_point started_;
-  Clock::time_point shown_;
-  size_t lines_ = 0;
-  const bool showsProgress_;
-  const bool resultsOnTerminal_;  // the progress line must make room for them
-  bool progressVisible_ = false;
+  BatchProgress::Clock::time_point flushed_ = BatchProgress::Clock::now();
+  BatchProgress progress_;
+  const bool counts_;  // otherwise nobody sees the summary
+  BatchSummary summary_;
+  bool hasEnded_ = false;
 };
 
 #endif  // TARQ_DMR_BATCH_OUTPUT_H_

@@ -10,20 +10,25 @@
 #include "HostSession.h"
 #include "JobLimit.h"
 #include "OrderedWorkers.h"
-#include "ResultJson.h"
+#include "SignalThread.h"
 
 namespace {
 
-constexpr int kInvalidLine = -1;  // in the place of a result code
+BatchResults resultsOf(const ResourceOptions& options) {
+  if (!options.summary) return BatchResults::kLines;
+  return options.json ? BatchResults::kSummaryJson : BatchResults::kSummaryText;
+}
 
 class BatchRun {
  public:
-  BatchRun(TarqDmrParamsInterface& params, const BatchOptions& options, const BatchAnswer& answer)
+  BatchRun(TarqDmrParamsInterface& params, const ResourceOptions& options, const BatchAnswer& answer)
       : params_(params),
         options_(options),
         answer_(answer),
         region_(options.region),
-        input_(options.file),
+        input_(*options.batchFile),
+        output_(resultsOf(options), input_.size()),
+        signals_([this](int signal) { output_.interrupt(signal); }),
         items_(kMaxItems),
         workers_(
             jobsThatFit(options.jobs), kMaxItems, [this](size_t i) { answerItem(items_[i]); },
@@ -38,21 +43,21 @@ class BatchRun {
     InputLine line;
     std::optional<BatchRequest> request;  // none: the line was not parsed yet
     bool isAnswered = false;
-    std::string answer;
+    BatchResult result;
   };
 
   bool collect();
   void answerCollected();
   void answerItem(Item& item) const noexcept;
-  std::string answerTo(const BatchRequest& request) const;
   void deliverUpTo(size_t last);
 
   TarqDmrParamsInterface& params_;
-  const BatchOptions& options_;
+  const ResourceOptions& options_;
   const BatchAnswer& answer_;
   int32_t region_;  // belongs to the whole plug-in: the lines answered at once are of one region
   BatchInput input_;
   BatchOutput output_;
+  SignalThread signals_;  // before the workers, which must not take the signals
   std::vector<Item> items_;
   size_t count_ = 0;      // of the items collected
   size_t delivered_ = 0;  // of them
@@ -64,13 +69,16 @@ void BatchRun::run() {
     while (collect()) answerCollected();
     output_.flush();
   }
+  output_.end();
 }
 
 bool BatchRun::collect() {
   for (count_ = 0; count_ < kMaxItems; ++count_) {
     const auto line = input_.nextLine();
     if (!line) break;
-    items_[count_] = {*line, std::nullopt, false, {}};
+    items_[count_].line = *line;
+    items_[count_].request.reset();
+    items_[count_].isAnswered = false;
   }
   return count_ > 0;
 }
@@ -86,35 +94,26 @@ void BatchRun::answerCollected() {
 }
 
 void BatchRun::answerItem(Item& item) const noexcept {
-  if (!item.request) item.request = parseBatchLine(item.line, options_.region);
-  const bool otherRegion = item.request->problem == nullptr && item.request->region != region_;
-  if (item.isAnswered || otherRegion) return;
-  item.isAnswered = true;
+  if (item.isAnswered) return;
   try {
-    item.answer = answerTo(*item.request);
+    if (!item.request) item.request = parseBatchLine(item.line, options_.region);
+    const bool otherRegion = item.request->problem == nullptr && item.request->region != region_;
+    if (otherRegion) return;
+    item.result = answerBatchLine(*item.request, answer_);
   } catch (const std::bad_alloc&) {
-    item.answer = R"({"code":-1,"message":"not enough memory for this line"})";
+    item.result = {R"({"code":-1,"message":"not enough memory for this line"})", {.code = kInvalidLine}};
   }
-}
-
-std::string BatchRun::answerTo(const BatchRequest& request) const {
-  JsonWriter json;
-  if (request.problem == nullptr) {
-    answer_(json, request);
-  } else {
-    writeRefused(json, kInvalidLine, request.problem);
-  }
-  return json.str();
+  item.isAnswered = true;
 }
 
 void BatchRun::deliverUpTo(size_t last) {
   requireNoShortage();
   for (; delivered_ <= last && items_[delivered_].isAnswered; ++delivered_)
-    output_.addLine(std::exchange(items_[delivered_].answer, {}));
+    output_.add(std::exchange(items_[delivered_].result, {}), items_[delivered_].line.inputEnd);
 }
 
 }  // namespace
 
-void runBatch(TarqDmrParamsInterface& params, const BatchOptions& options, const BatchAnswer& answer) {
+void runBatch(TarqDmrParamsInterface& params, const ResourceOptions& options, const BatchAnswer& answer) {
   BatchRun(params, options, answer).run();
 }

@@ -7,6 +7,7 @@
 #include <new>
 
 #include "CommandError.h"
+#include "TextOutput.h"
 #include "VondHspClient.h"
 
 namespace {
@@ -17,9 +18,17 @@ constexpr std::array kLogPriorities = {ANDROID_LOG_DEBUG, ANDROID_LOG_INFO, ANDR
                                        ANDROID_LOG_ERROR, ANDROID_LOG_SILENT};
 static_assert(kLogPriorities.size() == kLogLevels.size());
 
+// As liblog writes it, but one line that cannot control a terminal: much of it came from the network. The
+// plug-in begins some records with an empty line.
+void writeLogLine(const __android_logger_data* data, const char* message) {
+  message += std::strspn(message, "\n");
+  __android_log_stderr_logger(data, printable(message).c_str());
+}
+
 void setLogLevel(const std::string& level) {
   const auto found = std::find(kLogLevels.begin(), kLogLevels.end(), level);
   if (found == kLogLevels.end()) throw CommandError("unknown log level: " + level);
+  __android_log_set_logger(writeLogLine);
   __android_log_set_minimum_priority(kLogPriorities[static_cast<size_t>(found - kLogLevels.begin())]);
 }
 

@@ -15,7 +15,7 @@ struct HostOptions {
 };
 inline constexpr std::array kLogLevels = {"debug", "info", "warn", "error", "silent"};
 
-// Sets the log level and loads the plug-in, which stays loaded until the process ends. Call it once.
+// Sets the log up and loads the plug-in, which stays loaded until the process ends. Call it once.
 // Errors: CommandError when there is no such plug-in or when it lacks an export.
 TarqDmrPluginManager& openHost(const HostOptions& options);
 

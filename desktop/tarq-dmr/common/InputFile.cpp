@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -11,6 +12,7 @@
 
 #include "CommandError.h"
 #include "Metadata.h"
+#include "TextOutput.h"
 
 namespace {
 
@@ -40,6 +42,12 @@ size_t InputFile::read(char* to, size_t capacity) {
   }
 }
 
+std::optional<uint64_t> InputFile::size() const {
+  struct stat status {};
+  if (::fstat(descriptor_, &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+  return static_cast<uint64_t>(status.st_size);
+}
+
 void InputFile::fail() const { throw CommandError("cannot read " + path_ + ": " + std::strerror(errno)); }
 
 std::string readMetadata(const std::string& path) {
@@ -57,7 +65,8 @@ std::string readMetadata(const std::string& path) {
     throw CommandError(path + ": the metadata contains a NUL byte");
   UnwrappedMetadata unwrapped = unwrapMetadata(std::move(metadata));
   if (unwrapped.from != nullptr) {
-    std::fprintf(stderr, "tarq-dmr: %s holds %s; using the DIDL-Lite in it\n", path.c_str(), unwrapped.from);
+    std::fprintf(stderr, "tarq-dmr: %s holds %s; using the DIDL-Lite in it\n", printable(path).c_str(),
+                 unwrapped.from);
   }
   return std::move(unwrapped.didl);
 }

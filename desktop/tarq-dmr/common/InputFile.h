@@ -2,6 +2,8 @@
 #define TARQ_DMR_INPUT_FILE_H_
 
 #include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <string>
 
 // A file named on the command line, or standard input for "-", read without a buffer.
@@ -17,6 +19,8 @@ class InputFile {
   // Reads what is available, up to `capacity` bytes; blocks while nothing is.
   // Returns: the number of bytes; 0 at the end.
   size_t read(char* to, size_t capacity);
+  // Returns: its size when it is a regular file.
+  std::optional<uint64_t> size() const;
 
  private:
   [[noreturn]] void fail() const;  // the reason is in errno

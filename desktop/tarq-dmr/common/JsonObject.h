@@ -1,6 +1,7 @@
 #ifndef TARQ_DMR_JSON_OBJECT_H_
 #define TARQ_DMR_JSON_OBJECT_H_
 
+#include <exception>
 #include <span>
 #include <string>
 #include <string_view>
@@ -9,12 +10,15 @@
 #include "JsonWriter.h"
 #include "VondString.h"
 
-// Writes one JSON object key by key: the constructor opens it, the destructor closes it.
+// Writes one JSON object key by key: the constructor opens it, the destructor closes it, unless an exception
+// ends it: closing may need memory that is missing.
 // Null: a null or absent string becomes `null`.
 class JsonObject {
  public:
   explicit JsonObject(JsonWriter& json) : json_(json) { json_.openObject(); }
-  ~JsonObject() { json_.closeObject(); }
+  ~JsonObject() noexcept(false) {
+    if (std::uncaught_exceptions() == exceptions_) json_.closeObject();
+  }
   JsonObject(const JsonObject&) = delete;
   JsonObject& operator=(const JsonObject&) = delete;
 
@@ -22,6 +26,7 @@ class JsonObject {
   void add(std::string_view key, const std::string& string) { addValue(key, string.c_str()); }
   void add(std::string_view key, const VondString& string) { addValue(key, string.c_str()); }
   void add(std::string_view key, int number) { addValue(key, number); }
+  void add(std::string_view key, int64_t number) { addValue(key, number); }
   void add(std::string_view key, bool flag) { addValue(key, flag); }
   void addNull(std::string_view key) { addValue(key, static_cast<const char*>(nullptr)); }
   void addIndex(std::string_view key, int index) { index < 0 ? addNull(key) : add(key, index); }
@@ -56,6 +61,7 @@ class JsonObject {
   }
 
   JsonWriter& json_;
+  const int exceptions_ = std::uncaught_exceptions();
 };
 
 #endif  // TARQ_DMR_JSON_OBJECT_H_

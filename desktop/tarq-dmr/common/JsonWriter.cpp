@@ -1,7 +1,5 @@
 #include "JsonWriter.h"
 
-#include <rapidjson/writer.h>
-
 #include <algorithm>
 
 #include "Utf8.h"
@@ -12,62 +10,87 @@ bool needsNoEscape(std::string_view string) {
   return std::ranges::all_of(string, [](char c) { return c >= 0x20 && c < 0x7F && c != '"' && c != '\\'; });
 }
 
-// Where the JSON library writes to.
-struct AppendStream {
-  using Ch = char;
-  void Put(char c) { to += c; }
-  void Flush() {}
-
-  std::string& to;
-};
-
-void appendEscaped(std::string& to, std::string_view string) {
-  AppendStream stream{to};
-  rapidjson::Writer<AppendStream> writer(stream);
-  writer.String(string.data(), static_cast<rapidjson::SizeType>(string.size()));
+std::string escaped(uint32_t control) {
+  constexpr std::string_view kControls = "\b\f\n\r\t";
+  const size_t known = control < 0x20 ? kControls.find(static_cast<char>(control)) : kControls.npos;
+  if (known != kControls.npos) return {'\\', "bfnrt"[known]};
+  return unicodeEscape(control, "0123456789ABCDEF");
 }
 
 }  // namespace
 
+void JsonWriter::write(std::string_view bytes) {
+  constexpr size_t kBlockBytes = size_t{64} << 10;
+  json_ += bytes;
+  if (stream_ != nullptr && json_.size() >= kBlockBytes) flush();
+}
+
+void JsonWriter::flush() {
+  std::fwrite(json_.data(), 1, json_.size(), stream_);
+  json_.clear();
+}
+
+void JsonWriter::endLine() {
+  write("\n");
+  flush();
+}
+
+void JsonWriter::writeEscaped(std::string_view string) {
+  using Kind = Utf8Piece::Kind;
+  while (!string.empty()) {
+    const Utf8Piece piece = takePiece(string);
+    if (piece.kind == Kind::kControl) write(escaped(piece.codePoint));
+    if (piece.kind == Kind::kInvalid) write("\uFFFD");
+    if (piece.kind != Kind::kHarmless) continue;
+    std::string_view rest = piece.bytes;
+    for (size_t at; (at = rest.find_first_of("\"\\")) != rest.npos; rest.remove_prefix(at + 1)) {
+      write(rest.substr(0, at));
+      write(rest[at] == '"' ? "\\\"" : "\\\\");
+    }
+    write(rest);
+  }
+}
+
 void JsonWriter::open(char bracket) {
   beginValue();
-  json_ += bracket;
+  write({&bracket, 1});
   afterValue_ = false;
 }
 
 void JsonWriter::close(char bracket) {
-  json_ += bracket;
+  write({&bracket, 1});
   afterValue_ = true;
 }
 
 void JsonWriter::beginValue() {
-  if (afterValue_) json_ += ',';
+  if (afterValue_) write(",");
   afterValue_ = true;
 }
 
 void JsonWriter::key(std::string_view name) {
   beginValue();
-  ((json_ += '"') += name) += "\":";
+  write("\"");
+  write(name);
+  write("\":");
   afterValue_ = false;
 }
 
 void JsonWriter::value(const char* string) {
   beginValue();
-  if (string == nullptr) {
-    json_ += "null";
-  } else if (needsNoEscape(string)) {  // nearly all; the library is slower
-    ((json_ += '"') += string) += '"';
-  } else {
-    appendEscaped(json_, repairUtf8(string));
-  }
+  if (string == nullptr) return write("null");
+  write("\"");
+  needsNoEscape(string) ? write(string) : writeEscaped(string);  // nearly all need none
+  write("\"");
 }
 
-void JsonWriter::value(int number) {
+void JsonWriter::value(int number) { value(int64_t{number}); }
+
+void JsonWriter::value(int64_t number) {
   beginValue();
-  json_ += std::to_string(number);
+  write(std::to_string(number));
 }
 
 void JsonWriter::value(bool flag) {
   beginValue();
-  json_ += flag ? "true" : "false";
+  write(flag ? "true" : "false");
 }

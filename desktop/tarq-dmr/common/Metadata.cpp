@@ -3,11 +3,9 @@
 #include <algorithm>
 #include <pugixml.hpp>
 
-namespace {
+#include "DidlBounds.h"
 
-// libtarq parses no more (UpnpCdsResult.h).
-constexpr size_t kMaxBytes = size_t{4} << 20;
-constexpr std::ptrdiff_t kMaxTags = 16'384;
+namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
 
@@ -34,8 +32,9 @@ bool carriesDidl(pugi::xml_node node) {
 }
 
 std::string unescaped(const std::string& metadata) {
+  std::string element = "<x>" + metadata + "</x>";
   pugi::xml_document xml;
-  xml.load_string(("<x>" + metadata + "</x>").c_str(), pugi::parse_default | pugi::parse_ws_pcdata);
+  xml.load_buffer_inplace(element.data(), element.size(), pugi::parse_default | pugi::parse_ws_pcdata);
   return xml.document_element().child_value();
 }
 
@@ -59,19 +58,18 @@ MetadataProblem diagnoseXml(std::string_view metadata) {
   const std::string_view root = localName(xml.document_element().name());
   if (root != "DIDL-Lite")
     return {"otherRoot", "its root element is " + std::string(root) + ", not DIDL-Lite"};
-  if (std::ranges::count(metadata, '<') > kMaxTags) return {"tooManyTags", "it has more than 16,384 tags"};
   return {"notAlone", "something besides the root element is in it"};
 }
 
 }  // namespace
 
 UnwrappedMetadata unwrapMetadata(std::string metadata) {
-  const std::string_view start = withoutLeadingBlanks(metadata);
-  if (start.starts_with("&lt;")) return {unescaped(metadata), "escaped metadata"};
+  const bool escaped = withoutLeadingBlanks(metadata).starts_with("&lt;");
+  const bool maybeWrapped = escaped || contains(metadata, "Envelope");
+  if (!maybeWrapped || treeExcess(metadata) != TreeExcess::kNone) return {std::move(metadata)};
+  if (escaped) return {unescaped(metadata), "escaped metadata"};
   pugi::xml_document xml;
-  if (!contains(metadata, "Envelope") || !xml.load_string(metadata.c_str()) || !isEnvelope(xml)) {
-    return {std::move(metadata)};
-  }
+  if (!xml.load_string(metadata.c_str()) || !isEnvelope(xml)) return {std::move(metadata)};
   const pugi::xml_node carrier = xml.find_node(carriesDidl);
   if (!carrier) return {std::move(metadata)};
   return {carrier.child_value(), "a SOAP envelope"};
@@ -80,11 +78,14 @@ UnwrappedMetadata unwrapMetadata(std::string metadata) {
 MetadataProblem diagnoseMetadata(std::string_view metadata) {
   const std::string_view start = withoutLeadingBlanks(metadata);
   if (start.empty()) return {"empty", "it is empty"};
-  if (metadata.size() > kMaxBytes) return {"tooLarge", "it is larger than 4 MiB"};
+  if (metadata.size() > kMaxDidlBytes) return {"tooLarge", "it is larger than 4 MiB"};
   if (start.front() == '{' || start.front() == '[') return {"json", "it is JSON, not DIDL-Lite"};
   if (start.starts_with("&lt;")) return {"escaped", "it is escaped: it begins with \"&lt;\""};
   if (start.front() != '<') return {"notXml", "it is not XML"};
   if (contains(metadata, "<html") || contains(metadata, "<HTML")) return {"html", "it is an HTML page"};
   if (contains(metadata, "<!DOCTYPE")) return {"doctype", "it has a document type declaration"};
+  const TreeExcess excess = treeExcess(metadata);
+  if (excess == TreeExcess::kTags) return {"tooManyTags", "it has more than 16,384 tags"};
+  if (excess == TreeExcess::kEqualSigns) return {"tooManyEqualSigns", "it has more than 65,536 \"=\""};
   return diagnoseXml(metadata);
 }

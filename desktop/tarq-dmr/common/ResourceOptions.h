@@ -13,6 +13,7 @@ struct ResourceOptions {
   std::optional<std::string> batchFile;     // "-": standard input; instead of the two above
   int32_t region = 0;                       // in a batch, of lines without one
   int jobs = 1;                             // of a batch
+  bool summary = false;                     // of a batch: counts instead of results
   bool json = false;
 };
 

@@ -16,7 +16,7 @@ void writeAccepted(JsonWriter& json, const TarqResourceInfo& resource) {
   object.add("duration", resource.duration);
   object.add("reserved", resource.reserved);
   object.add("operation", resource.operation);
-  object.add("contentFormat", resource.contentFormat == nullptr ? nullptr : resource.contentFormat->c_str());
+  object.add("contentFormat", formatOf(resource));
 }
 
 }  // namespace

@@ -2,24 +2,31 @@
 
 #include <cstdio>
 
+#include "Utf8.h"
+
+namespace {
+
+std::string shownPiece(const Utf8Piece& piece) {
+  constexpr const char* kHexDigits = "0123456789abcdef";
+  if (piece.kind == Utf8Piece::Kind::kHarmless) return std::string(piece.bytes);
+  if (piece.bytes.size() > 1) return unicodeEscape(piece.codePoint, kHexDigits);
+  const auto byte = static_cast<unsigned char>(piece.bytes.front());
+  return {'\\', 'x', kHexDigits[byte >> 4], kHexDigits[byte & 0xF]};
+}
+
+}  // namespace
+
 std::string printable(std::string_view text) {
-  constexpr char kHexDigits[] = "0123456789abcdef";
-  std::string shown;
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte >= 0x20 && byte != 0x7F) {
-      shown += c;
-    } else {
-      shown += {'\\', 'x', kHexDigits[byte >> 4], kHexDigits[byte & 0xF]};
-    }
-  }
-  return shown;
+  std::string all;
+  while (!text.empty()) all += shownPiece(takePiece(text));
+  return all;
 }
 
 void printRow(std::string_view label, int labelWidth, const char* value) {
-  std::string shown = "-";
-  if (value != nullptr) shown = *value == '\0' ? "\"\"" : printable(value);
-  std::printf("  %-*.*s  %s\n", labelWidth, static_cast<int>(label.size()), label.data(), shown.c_str());
+  std::printf("  %-*.*s  ", labelWidth, static_cast<int>(label.size()), label.data());
+  std::string_view rest = value == nullptr ? "-" : *value == '\0' ? "\"\"" : value;
+  while (!rest.empty()) std::fputs(shownPiece(takePiece(rest)).c_str(), stdout);  // it may be long
+  std::putchar('\n');
 }
 
 void printResource(const TarqResourceInfo& resource) {

@@ -8,7 +8,7 @@
 
 // Results for people, on standard output.
 
-// Shows control characters as \xNN, so that a server cannot play tricks on a terminal.
+// Shows as \xNN or \uNNNN what could play tricks on a terminal. Every byte becomes at least one.
 std::string printable(std::string_view text);
 
 // Prints "  label    value", the label padded to `labelWidth` columns.

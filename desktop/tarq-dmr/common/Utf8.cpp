@@ -19,6 +19,15 @@ size_t asciiLength(std::string_view string) {
   return length;
 }
 
+// C0, DEL and C1; marks of direction, the ends of lines and paragraphs.
+constexpr bool isControl(uint32_t codePoint) {
+  return codePoint < 0x20 || (codePoint >= 0x7F && codePoint <= 0x9F) || codePoint == 0x061C ||
+         codePoint == 0x200E || codePoint == 0x200F || (codePoint >= 0x2028 && codePoint <= 0x202E) ||
+         (codePoint >= 0x2066 && codePoint <= 0x2069);
+}
+
+bool isHarmless(const Utf8Character& character) { return character.valid && !isControl(character.codePoint); }
+
 }  // namespace
 
 bool isValidUtf8(std::string_view string) {
@@ -31,13 +40,22 @@ bool isValidUtf8(std::string_view string) {
   }
 }
 
-std::string repairUtf8(std::string_view string) {
-  std::string repaired;
-  while (!string.empty()) {
-    const Utf8Character character = decodeUtf8(string);
-    const size_t length = character.valid ? character.length : 1;
-    repaired += character.valid ? string.substr(0, length) : std::string_view("\uFFFD");
-    string.remove_prefix(length);
+Utf8Piece takePiece(std::string_view& string) {
+  using Kind = Utf8Piece::Kind;
+  Utf8Character next = decodeUtf8(string);
+  size_t length = 0;
+  while (length < string.size() && isHarmless(next)) {
+    length += next.length;
+    if (length < string.size()) next = decodeUtf8(string.substr(length));
   }
-  return repaired;
+  const Kind kind = length > 0 ? Kind::kHarmless : next.valid ? Kind::kControl : Kind::kInvalid;
+  if (kind != Kind::kHarmless) length = next.valid ? next.length : 1;
+  const Utf8Piece piece{kind, string.substr(0, length), next.codePoint};
+  string.remove_prefix(length);
+  return piece;
+}
+
+std::string unicodeEscape(uint32_t codePoint, const char* hexDigits) {
+  const auto digit = [&](int shift) { return hexDigits[codePoint >> shift & 0xF]; };
+  return {'\\', 'u', digit(12), digit(8), digit(4), digit(0)};
 }

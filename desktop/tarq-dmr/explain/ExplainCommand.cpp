@@ -7,6 +7,7 @@
 #include "Explanation.h"
 #include "InputFile.h"
 #include "JsonWriter.h"
+#include "ResultJson.h"
 
 namespace {
 
@@ -18,9 +19,9 @@ int explainOne(TarqDmrParamsInterface& params, const ExplainOptions& options) {
       explain(params, options.uri.c_str(), metadata, options.region, options.probe);
   requireNoShortage();
   if (options.json) {
-    JsonWriter json;
+    JsonWriter json(stdout);
     writeExplanation(json, explanation);
-    std::puts(json.str().c_str());
+    json.endLine();
   } else {
     std::fputs(explanationText(explanation).c_str(), stdout);
   }
@@ -29,9 +30,16 @@ int explainOne(TarqDmrParamsInterface& params, const ExplainOptions& options) {
 
 int explainBatch(TarqDmrParamsInterface& params, const ExplainOptions& options) {
   const auto answer = [&](JsonWriter& json, const BatchRequest& request) {
-    writeExplanation(json, explain(params, request.uri, request.metadata, request.region, options.probe));
+    const Explanation explanation =
+        explain(params, request.uri, request.metadata, request.region, options.probe);
+    writeExplanation(json, explanation);
+    const TarqResourceInfo* resource = explanation.verdict.resource();
+    BatchOutcome outcome{.code = explanation.verdict.code};
+    const char* format = resource == nullptr ? explanation.format() : formatOf(*resource);
+    if (format != nullptr) outcome.format = format;
+    return outcome;
   };
-  runBatch(params, {*options.batchFile, options.region, options.jobs}, answer);
+  runBatch(params, options, answer);
   return kExitOk;
 }
 

@@ -1,7 +1,9 @@
 #include "ContestWords.h"
 #include "ExplainWords.h"
 #include "JsonObject.h"
+#include "ResultJson.h"
 #include "ResultText.h"
+#include "VondProtocolInfo.h"
 
 namespace {
 
@@ -30,13 +32,21 @@ void writeMetadata(JsonObject& object, const Explanation& explanation) {
   object.add("resCount", static_cast<int>(explanation.res.size()));
 }
 
+// Of link-protected content the third protocolInfo field, which wraps the MIME type. It may be long, so it is
+// copied only here.
+void writeWrapped(JsonObject& object, const char* protocolInfo, const TarqDlnaResMetadata& record) {
+  constexpr std::string_view kKey = "wrappedContentFormat";
+  if (!record.mimeTypeWrapped) return object.addNull(kKey);
+  object.add(kKey, VondProtocolInfo(protocolInfo).GetField(3));
+}
+
 void writeRes(JsonObject& object, const ResFacts& res, const TarqDlnaResMetadata& record) {
   object.add("protocolInfo", res.protocolInfo);
   object.add("url", res.url);
   object.add("requested", res.requested);
   object.add("skip", skipKey(record.skip));
   object.add("skipped", skipWords(record.skip));
-  object.add("wrappedContentFormat", res.wrappedContentFormat ? res.wrappedContentFormat->c_str() : nullptr);
+  writeWrapped(object, res.protocolInfo, record);
   object.add("mimeType", record.mimeType);
   object.add("extension", record.extension);
   object.add("dlnaPn", record.dlnaPn);
@@ -165,7 +175,7 @@ void writeVerdict(JsonObject& object, const Explanation& explanation) {
   const TarqResourceInfo* resource = verdict.resource();
   if (resource == nullptr) return;
   object.add("resIndex", resource->resIndex);
-  object.add("format", resource->contentFormat == nullptr ? nullptr : resource->contentFormat->c_str());
+  object.add("format", formatOf(*resource));
   object.add("uri", resource->uri);
   object.add("mimeType", resource->mimeType);
   object.add("additionalInfo", resource->additionalInfo);

@@ -45,10 +45,13 @@ void showQuickTests(Steps& steps, const Explanation& explanation) {
     steps.row(test == quick.tried.front() ? "not found" : "", lookedFor(*test));
 }
 
+// They may name the root element of another document.
+std::string shownWords(const MetadataFacts& metadata) { return shown(metadataWords(metadata).c_str()); }
+
 void showMetadata(Steps& steps, const Explanation& explanation) {
   const MetadataFacts& metadata = explanation.metadata;
   if (metadata.state != MetadataState::kRead) {
-    return steps.begin(std::string("The metadata offers nothing: ") + metadataWords(metadata));
+    return steps.begin(std::string("The metadata offers nothing: ") + shownWords(metadata));
   }
   steps.begin("The metadata");
   if (metadata.title != nullptr) steps.row("title", shown(metadata.title));
@@ -147,8 +150,7 @@ std::string firstChange(const Explanation& explanation) {
 // Why no element was chosen.
 std::string finding(const Explanation& explanation) {
   const MetadataFacts& metadata = explanation.metadata;
-  if (metadata.state != MetadataState::kRead)
-    return "the metadata offers nothing: " + metadataWords(metadata);
+  if (metadata.state != MetadataState::kRead) return "the metadata offers nothing: " + shownWords(metadata);
   if (!explanation.choice.contestHeld()) return "no res is photo, music or video";
   const std::string change = firstChange(explanation);
   return change.empty() ? "no res plays" : change;

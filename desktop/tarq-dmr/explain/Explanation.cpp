@@ -4,7 +4,6 @@
 
 #include "ExplainWords.h"
 #include "HostSession.h"
-#include "VondProtocolInfo.h"
 
 namespace {
 
@@ -33,7 +32,6 @@ ResFacts readRes(const TARQ_Object* object, unsigned int index, const char* uri,
   facts.protocolInfo = resAttribute(object, index, "protocolInfo");
   facts.url = resUrl(object, index);
   facts.requested = facts.url != nullptr && std::strcmp(facts.url, uri) == 0;
-  if (record.mimeTypeWrapped) facts.wrappedContentFormat = VondProtocolInfo(facts.protocolInfo).GetField(3);
   if (record.skip == ResSkip::kNone && record.fourthField == nullptr) {
     facts.notes.emplace_back(
         "no fourth protocolInfo field: neither kind nor resolution is read, and it counts as converted");

@@ -48,9 +48,7 @@ struct MetadataFacts {
 struct ResFacts {
   const char* protocolInfo = nullptr;
   const char* url = nullptr;
-  bool requested = false;  // its URL is the URI that was asked for
-  std::optional<std::string>
-      wrappedContentFormat;        // the third field, when its CONTENTFORMAT is the MIME type
+  bool requested = false;          // its URL is the URI that was asked for
   std::vector<std::string> notes;  // what else is worth knowing, a sentence each
 };
 

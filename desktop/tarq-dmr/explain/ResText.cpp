@@ -6,7 +6,6 @@
 
 #include "ContestWords.h"
 #include "ExplainWords.h"
-#include "TextOutput.h"
 #include "TextTable.h"
 
 namespace {
@@ -48,13 +47,14 @@ std::string orNone(const char* string, const char* name) {
 }
 
 // What the table has no room for.
-void showDetails(Steps& steps, const std::string& name, const ResFacts& res) {
+void showDetails(Steps& steps, const std::string& name, const ResFacts& res,
+                 const TarqDlnaResMetadata& record) {
   steps.row(name, orNone(res.url, "URL"));
   steps.row("", orNone(res.protocolInfo, "protocolInfo"));
-  if (res.wrappedContentFormat) {
+  if (record.mimeTypeWrapped) {
     steps.row("", "its MIME type is the CONTENTFORMAT parameter of the third field");
   }
-  for (const std::string& note : res.notes) steps.row("", printable(note));
+  for (const std::string& note : res.notes) steps.row("", shown(note.c_str()));
 }
 
 std::string requestedWords(const std::vector<ResFacts>& res) {
@@ -157,7 +157,7 @@ void showRes(Steps& steps, const Explanation& explanation) {
   }
   steps.add(table.text());
   for (size_t i = 0; i < explanation.res.size(); ++i) {
-    showDetails(steps, resText(static_cast<int>(i)), explanation.res[i]);
+    showDetails(steps, resText(static_cast<int>(i)), explanation.res[i], explanation.records[i]);
   }
   steps.row("requested", requestedWords(explanation.res));
 }

@@ -1,11 +1,13 @@
 #include "Steps.h"
 
+#include <cstring>
+
 #include "TextOutput.h"
 
 std::string shown(const char* string, size_t limitBytes) {
   if (string == nullptr) return "";
   if (*string == '\0') return "\"\"";
-  std::string line = printable(string);
+  std::string line = printable({string, strnlen(string, limitBytes + 1)});
   if (line.size() <= limitBytes) return line;
   size_t end = limitBytes - 3;
   while (end > 0 && (static_cast<unsigned char>(line[end]) & 0xC0) == 0x80) --end;  // no half characters

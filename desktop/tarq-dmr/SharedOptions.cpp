@@ -18,6 +18,11 @@ bool parseRegion(std::string_view digits, int32_t* region) {
   return true;
 }
 
+// mpv would take the word for a file.
+std::string mpvOptionFault(const std::string& word) {
+  return word.starts_with("-") ? "" : "an option of mpv begins with -: " + word;
+}
+
 }  // namespace
 
 CLI::Validator notEmpty() {
@@ -58,6 +63,28 @@ CLI::Option* addMetadata(CLI::App& command, OptionalFile& file) {
   return command
       .add_option("--metadata", file, "DIDL-Lite of the item; - is standard input\n(default: none)")
       ->type_name("FILE");
+}
+
+void addPlayer(CLI::App& command, PlayerChoice& player) {
+  command
+      .add_option("--player,--handler", player.name,
+                  "Who plays: simulated, mpv or the Java class\nof a handler (default simulated)")
+      ->type_name("NAME")
+      ->check(notEmpty());
+  command.add_option("--handler-jar", player.jar, "Jar file with a handler of your own\n(default: none)")
+      ->type_name("JAR")
+      ->check(notEmpty());
+  command
+      .add_option("--exec", player.program,
+                  "Program that plays instead of the simulated\nplayer, with its arguments (default: none)")
+      ->type_name("CMD")
+      ->check(notEmpty());
+  command
+      .add_option("--mpv-option", player.mpvOptions,
+                  "Option for mpv, such as --mpv-option=--fs;\nmay be repeated (default: none)")
+      ->type_name("OPT")
+      ->allow_extra_args(false)
+      ->check({mpvOptionFault, ""});
 }
 
 void addResourceOptions(CLI::App& command, ResourceOptions& options, const char* batchDescription) {

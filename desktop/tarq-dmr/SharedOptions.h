@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "PlayerChoice.h"
 #include "ResourceOptions.h"
 
 // The options that several commands have. The variables must outlive the parsing.
@@ -20,6 +21,8 @@ void addJson(CLI::App& command, bool& json, const char* description);
 
 CLI::Option* addUri(CLI::App& command, std::string& uri);
 CLI::Option* addMetadata(CLI::App& command, OptionalFile& file);
+
+void addPlayer(CLI::App& command, PlayerChoice& player);  // --player and what belongs to it
 
 // The URI and --metadata, or --batch instead of both; --jobs, --summary, --json and --region.
 void addResourceOptions(CLI::App& command, ResourceOptions& options, const char* batchDescription);

@@ -57,19 +57,7 @@ Run addPlay(CLI::App& command) {
       .add_option("--next-metadata", options->nextMetadataFile,
                   "DIDL-Lite of that item; - is standard input\n(default: none)")
       ->type_name("FILE");
-  command
-      .add_option("--handler-jar", options->handlerJar,
-                  "Jar file with a handler of your own\n(default: none)")
-      ->type_name("JAR")
-      ->check(notEmpty());
-  command.add_option("--handler", options->handlerClass, "Its class (default: the desktop handler)")
-      ->type_name("CLASS")
-      ->check(notEmpty());
-  command
-      .add_option("--exec", options->program,
-                  "Program that plays, with its arguments\n(default: none, nothing is heard)")
-      ->type_name("CMD")
-      ->check(notEmpty());
+  addPlayer(command, options->player);
   command.callback([=] {
     if (uri->empty()) throw CLI::RequiredError("a URI");
     if (options->nextMetadataFile && !options->nextUri) throw CLI::RequiresError("--next-metadata", "--next");

@@ -95,6 +95,9 @@ const struct {
     {"NoSuchClass", {kUri, "--handler", "no.Such"}, 2, "no.Such"},
     {"NoSuchJar", {kUri, "--handler-jar", "/no/such.jar"}, 2, "/no/such.jar"},
     {"HandlerWithoutPrograms", {kUri, "--handler", "java.lang.Object", "--exec", "x"}, 2, "java.lang.Object"},
+    {"MpvRunsNoPrograms", {kUri, "--player", "mpv", "--exec", "x"}, 2, "MpvRendererHandler runs no"},
+    {"OptionsWithoutMpv", {kUri, "--mpv-option=--fs"}, 2, "takes no options for mpv"},
+    {"WordForMpv", {kUri, "--mpv-option=fs"}, 2, "begins with -: fs"},
     {"NoUri", {}, 2, "a URI is required"},
 };
 
@@ -149,6 +152,13 @@ TEST(Play, NeedsAJavaVm) {
   EXPECT_EQ(outcome.exitCode, 2);
   EXPECT_EQ(outcome.err, "tarq-dmr: no Java VM was found in JAVA_HOME, /no/java\n");
   EXPECT_EQ(outcome.out, "");
+}
+
+TEST(Play, NeedsMpvForMpv) {
+  const ChangedVariable path("PATH", "/no/folder");
+  const Outcome outcome = play({kUri, "--player", "mpv"});
+  EXPECT_EQ(outcome.exitCode, 2);
+  EXPECT_THAT(outcome.err, HasSubstr("Cannot run program \"mpv\""));
 }
 
 }  // namespace

@@ -207,7 +207,7 @@ void Demo::playClip() {
   expect(code == 0, "the clip is accepted");
   if (code != 0) return noteResult(code);
   try {
-    PlayerSession session(*host_.GetPlayer(), "", "");
+    PlayerSession session(*host_.GetPlayer(), {});
     session.setSource(*checker->GetResource(), metadata.c_str());
     note("source", checker->GetResource()->uri);
     session.start();

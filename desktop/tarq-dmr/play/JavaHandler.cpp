@@ -38,6 +38,23 @@ void JavaHandler::setTrackDuration(int milliseconds) {
   env_.ExceptionClear();
 }
 
+bool JavaHandler::open(const std::vector<std::string>& options) {
+  const jmethodID method = findMethod("open", "([Ljava/lang/String;)V");
+  if (method == nullptr) return false;
+  const jclass stringClass = env_.FindClass("java/lang/String");
+  const jobjectArray array = env_.NewObjectArray(static_cast<jsize>(options.size()), stringClass, nullptr);
+  for (size_t i = 0; i < options.size(); ++i) {
+    const jstring option = TarqJniUtil::NewJStringUTF8s(&env_, options[i].c_str());
+    env_.SetObjectArrayElement(array, static_cast<jsize>(i), option);
+    env_.DeleteLocalRef(option);
+  }
+  env_.CallVoidMethod(object_, method, array);
+  env_.ExceptionClear();
+  env_.DeleteLocalRef(array);
+  env_.DeleteLocalRef(stringClass);
+  return true;
+}
+
 int JavaHandler::currentTrack() {
   const jmethodID method = findMethod("getCurrentTrack", "()I");
   if (method == nullptr) return 1;
@@ -46,12 +63,16 @@ int JavaHandler::currentTrack() {
   return track;
 }
 
-std::string JavaHandler::failure() {
-  const jmethodID method = findMethod("getFailure", "()Ljava/lang/String;");
+std::string JavaHandler::currentSource() { return ask("getCurrentSource"); }
+
+std::string JavaHandler::failure() { return ask("getFailure"); }
+
+std::string JavaHandler::ask(const char* name) {
+  const jmethodID method = findMethod(name, "()Ljava/lang/String;");
   if (method == nullptr) return "";
-  const jobject reason = env_.CallObjectMethod(object_, method);
+  const jobject answer = env_.CallObjectMethod(object_, method);
   env_.ExceptionClear();
-  return takeJavaString(env_, reason);
+  return takeJavaString(env_, answer);
 }
 
 jmethodID JavaHandler::findMethod(const char* name, const char* signature) {

@@ -77,10 +77,7 @@ bool showTracks(PlayerSession& session, const InterruptWatch& watch) {
 }
 
 void play(TarqDmrPlayerInterface& player, const PlayOptions& options, const std::vector<Source>& sources) {
-  PlayerSession session(player, options.handlerJar, options.handlerClass);
-  if (!options.program.empty() && !session.handler().setProgram(options.program)) {
-    throw CommandError("the handler " + options.handlerClass + " runs no programs");
-  }
+  PlayerSession session(player, options.player);
   const InterruptWatch watch(PlayerSession::killPrograms);
   session.setSource(sources[0].resource(), sources[0].didl());
   if (sources.size() > 1) session.setNextSource(sources[1].resource(), sources[1].didl());

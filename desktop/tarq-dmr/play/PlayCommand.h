@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "HostSession.h"
+#include "PlayerChoice.h"
 
 struct PlayOptions {
   HostOptions host;
@@ -12,9 +13,7 @@ struct PlayOptions {
   int32_t region = 0;
   std::optional<std::string> nextUri;
   std::optional<std::string> nextMetadataFile;  // "-": standard input
-  std::string handlerJar;                       // empty: only the one installed with this program
-  std::string handlerClass;                     // empty: the desktop handler
-  std::string program;                          // empty: none
+  PlayerChoice player;
 };
 int runPlay(const PlayOptions& options);
 

@@ -1,31 +1,12 @@
 #include "PlayerSession.h"
 
-#include <filesystem>
-#include <vector>
-
 #include "CommandError.h"
 #include "DidlDuration.h"
 #include "TarqJniUtil.h"
 
 namespace {
 
-namespace fs = std::filesystem;
-
 constexpr unsigned int kTransport = 0;
-constexpr const char* kDesktopHandler = "com.orsa.tarq.dlna.DesktopRendererHandler";
-
-fs::path existing(const fs::path& file) {
-  if (!fs::exists(file)) throw CommandError("there is no file " + file.string());
-  return file;
-}
-
-// The handler's own jar, if any, goes before the one with its base class.
-std::vector<std::string> classPath(const std::string& handlerJar) {
-  const fs::path binFolder = fs::read_symlink("/proc/self/exe").parent_path();
-  std::vector<std::string> jars = {existing(binFolder / "../lib/tarq-renderer.jar")};
-  if (!handlerJar.empty()) jars.insert(jars.begin(), existing(handlerJar));
-  return jars;
-}
 
 const char* describeResult(int code) {
   switch (code) {
@@ -48,12 +29,9 @@ const char* describeResult(int code) {
 
 }  // namespace
 
-PlayerSession::PlayerSession(TarqDmrPlayerInterface& player, const std::string& handlerJar,
-                             const std::string& handlerClass)
-    : vm_(classPath(handlerJar)),
-      handler_(vm_.env(), handlerClass.empty() ? kDesktopHandler : handlerClass),
-      player_(player) {
-  if (player.AddCb(&vm_.env(), handler_.object()) != kPlayerOk) {
+PlayerSession::PlayerSession(TarqDmrPlayerInterface& player, const PlayerChoice& choice)
+    : vm_(classPathOf(choice)), handler_(newHandler(vm_.env(), choice)), player_(player) {
+  if (player.AddCb(&vm_.env(), handler_->object()) != kPlayerOk) {
     throw CommandError("the player did not accept the handler");
   }
 }
@@ -65,7 +43,7 @@ void PlayerSession::setSource(const TarqResourceInfo& resource, const char* meta
   track_ = 1;
   require("SetDataSource", player_.SetDataSource(kTransport, resource.uri, metadata, resource.mimeType),
           resource.uri);
-  handler_.setTrackDuration(parseDurationMs(resource.duration));
+  handler_->setTrackDuration(parseDurationMs(resource.duration));
 }
 
 void PlayerSession::setNextSource(const TarqResourceInfo& resource, const char* metadata) {
@@ -89,7 +67,7 @@ PlayMoment PlayerSession::moment() {
 }
 
 void PlayerSession::throwFailure() {
-  const std::string reason = handler_.failure();
+  const std::string reason = handler_->failure();
   if (!reason.empty()) throw PlayerFailure{"playing failed: " + reason, uri()};
 }
 
@@ -106,14 +84,14 @@ void PlayerSession::killPrograms() {
 
 void PlayerSession::require(const char* operation, int code, const char* uri) {
   if (code == kPlayerOk) return;
-  const std::string reason = handler_.failure();
+  const std::string reason = handler_->failure();
   const std::string failed = std::string(operation) + " failed (" + std::to_string(code) + "): ";
   throw PlayerFailure{failed + (reason.empty() ? describeResult(code) : reason), uri};
 }
 
 // The handler goes on to the next track by itself, without knowing its duration.
 void PlayerSession::followTrack() {
-  if (track_ == 2 || sources_[1] == nullptr || handler_.currentTrack() < 2) return;
+  if (track_ == 2 || sources_[1] == nullptr || handler_->currentTrack() < 2) return;
   track_ = 2;
-  handler_.setTrackDuration(parseDurationMs(sources_[1]->duration));
+  handler_->setTrackDuration(parseDurationMs(sources_[1]->duration));
 }

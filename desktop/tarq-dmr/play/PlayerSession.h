@@ -2,11 +2,12 @@
 #define TARQ_DMR_PLAYER_SESSION_H_
 
 #include <array>
+#include <memory>
 #include <string>
 
-#include "JavaHandler.h"
 #include "JavaVm.h"
 #include "PlayProgress.h"
+#include "PlayerChoice.h"
 #include "TarqDmrPlayerInterface.h"
 #include "TarqResourceCheckerInterface.h"
 
@@ -21,15 +22,11 @@ struct PlayerFailure {
 // Errors: every operation throws PlayerFailure.
 class PlayerSession {
  public:
-  // Both strings may be empty: only the jar installed with this program, and its desktop handler.
   // Errors: CommandError when there is no Java VM or no such handler, or the player does not accept it.
-  PlayerSession(TarqDmrPlayerInterface& player, const std::string& handlerJar,
-                const std::string& handlerClass);
+  PlayerSession(TarqDmrPlayerInterface& player, const PlayerChoice& choice);
   ~PlayerSession();
   PlayerSession(const PlayerSession&) = delete;
   PlayerSession& operator=(const PlayerSession&) = delete;
-
-  JavaHandler& handler() { return handler_; }
 
   // Passes on what a check found.
   // Null: `metadata` may be null.
@@ -52,7 +49,7 @@ class PlayerSession {
   void followTrack();
 
   JavaVm vm_;
-  JavaHandler handler_;
+  std::unique_ptr<JavaHandler> handler_;
   TarqDmrPlayerInterface& player_;
   std::array<const TarqResourceInfo*, 2> sources_{};
   size_t track_ = 1;  // the current one, from 1

@@ -15,7 +15,7 @@ import java.util.Set;
  * a track of unknown duration plays until it is stopped. The handler notices the end of a track at the
  * next call.
  */
-public final class DesktopRendererHandler extends TarqRendererHandler {
+public final class DesktopRendererHandler extends TarqRendererHandler implements PlaybackReport {
   /** The program could not be started. */
   public static final int PROGRAM_FAILED = 100;
 
@@ -54,13 +54,19 @@ public final class DesktopRendererHandler extends TarqRendererHandler {
     durationMs = Math.max(milliseconds, 0);
   }
 
-  /** The number of the current track since its source was set, from 1. */
+  @Override
   public synchronized int getCurrentTrack() {
     settle();
     return track;
   }
 
-  /** Why the last call failed, or why the current track ended early; empty: neither. */
+  @Override
+  public synchronized String getCurrentSource() {
+    settle();
+    return uri;
+  }
+
+  @Override
   public synchronized String getFailure() {
     return failure;
   }

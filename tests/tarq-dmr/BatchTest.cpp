@@ -75,6 +75,7 @@ constexpr OutcomeRow kRepeated[] = {
      R"("x-\n":"\u0041","id":"q")"},
     {"LastCounts", R"({"id":1,"x-":2,"id":null,"uri":"x:"})", R"("id":null,"x-":2)"},
     {"ReturnsInside", "{\"uri\":\"x:\",\"id\":[\r1]\r}\r", R"("id":[ 1])"},
+    {"Terminal", "{\"uri\":\"x:\",\"id\":\"\x7F\u009B\u202E\"}", R"("id":"\u007F\u009B\u202E")"},
     {"InvalidLine", R"({"id":7})", R"({"code":-1,"message":"uri is missing","id":7)"},
 };
 

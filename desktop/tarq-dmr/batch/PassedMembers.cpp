@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "JsonWriter.h"
+#include "Utf8.h"
 
 namespace {
 
@@ -25,14 +26,24 @@ std::string_view valueAfter(const char* key) {
   return {begin, static_cast<size_t>(end - begin)};
 }
 
+// The same value; in its strings, the only place for such characters, what could play tricks on a terminal is escaped.
+std::string harmless(std::string_view json) {
+  std::string copy;
+  while (!json.empty()) {
+    const Utf8Piece piece = takePiece(json);
+    const bool isEscaped = piece.kind == Utf8Piece::Kind::kControl && piece.codePoint >= 0x7F;
+    isEscaped ? copy.append(unicodeEscape(piece.codePoint, "0123456789ABCDEF")) : copy.append(piece.bytes);
+  }
+  std::ranges::replace(copy, '\r', ' ');  // white space here, but to some readers the end of a line
+  return copy;
+}
+
 }  // namespace
 
 void PassedMembers::set(std::string_view key, const char* afterKey) {
   const auto [place, isNew] = places_.try_emplace(key, members_.size());
   if (isNew) members_.emplace_back(key, "");
-  std::string& value = members_[place->second].second;
-  value = valueAfter(afterKey);
-  std::ranges::replace(value, '\r', ' ');  // white space here, but to some readers the end of a line
+  members_[place->second].second = harmless(valueAfter(afterKey));
 }
 
 std::string PassedMembers::json() const {

@@ -14,7 +14,8 @@ class PassedMembers {
  public:
   static bool takes(std::string_view key) { return key == "id" || key.starts_with("x-"); }
 
-  // `afterKey` is the rest of the line, with a NUL at its end. The value is copied as written. It has the place of
+  // `afterKey` is the rest of the line, with a NUL at its end. The value is copied as written, but for
+  // control characters. It has the place of
   // its first equal key.
   void set(std::string_view key, const char* afterKey);
 

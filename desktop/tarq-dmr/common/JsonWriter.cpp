@@ -94,3 +94,8 @@ void JsonWriter::value(bool flag) {
   beginValue();
   write(flag ? "true" : "false");
 }
+
+void JsonWriter::json(std::string_view value) {
+  beginValue();
+  write(value);
+}

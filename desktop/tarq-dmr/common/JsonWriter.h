@@ -28,6 +28,7 @@ class JsonWriter {
   void value(int number);
   void value(int64_t number);
   void value(bool flag);
+  void json(std::string_view value);  // a value that is JSON already
 
  private:
   void open(char bracket);

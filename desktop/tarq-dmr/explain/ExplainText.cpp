@@ -185,6 +185,18 @@ std::string verdictText(const Explanation& explanation) {
 
 }  // namespace
 
+std::string choiceLine(const Explanation& explanation) {
+  if (explanation.quick.accepted != nullptr) {
+    return std::string("no res needed, as ") + shown(explanation.quick.mimeType);
+  }
+  const int winner = explanation.choice.winner;
+  if (winner < 0) return finding(explanation);
+  const bool original = explanation.records[static_cast<size_t>(winner)].notConverted;
+  return resText(winner) + " of " + std::to_string(explanation.res.size()) + ", " +
+         (explanation.format() == nullptr ? "no format" : explanation.format()) +
+         (original ? ", original, " : ", converted, ") + leadWords(explanation);
+}
+
 std::string explanationText(const Explanation& explanation) {
   Steps steps;
   showUri(steps, explanation.uri, explanation.region);

@@ -101,6 +101,9 @@ Explanation explain(TarqDmrParamsInterface& params, const char* uri, const char*
 // Step by step for people; the last line is the verdict.
 std::string explanationText(const Explanation& explanation);
 
+// The choice on one line.
+std::string choiceLine(const Explanation& explanation);
+
 class JsonWriter;
 // One object, its keys in the order of the steps.
 void writeExplanation(JsonWriter& json, const Explanation& explanation);

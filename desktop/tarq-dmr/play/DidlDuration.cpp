@@ -45,16 +45,16 @@ int64_t takeFractionMs(std::string_view text) {
 
 }  // namespace
 
-int parseDurationMs(const char* duration) {
-  if (duration == nullptr) return 0;
+std::optional<int> findDurationMs(const char* duration) {
+  if (duration == nullptr) return std::nullopt;
   std::string_view rest = duration;
   const int64_t hours = takeNumber(rest);
-  if (hours == kNone || !take(rest, ':')) return 0;
+  if (hours == kNone || !take(rest, ':')) return std::nullopt;
   const int64_t minutes = takeNumber(rest);
-  if (minutes == kNone || minutes > 59 || !take(rest, ':')) return 0;
+  if (minutes == kNone || minutes > 59 || !take(rest, ':')) return std::nullopt;
   const int64_t seconds = takeNumber(rest);
   const int64_t fraction = takeFractionMs(rest);
-  if (seconds == kNone || seconds > 59 || fraction == kNone) return 0;
+  if (seconds == kNone || seconds > 59 || fraction == kNone) return std::nullopt;
   const int64_t ms = ((hours * 60 + minutes) * 60 + seconds) * 1000 + fraction;
   return static_cast<int>(std::min<int64_t>(ms, INT32_MAX));
 }

@@ -1,11 +1,15 @@
 #ifndef TARQ_DMR_DIDL_DURATION_H_
 #define TARQ_DMR_DIDL_DURATION_H_
 
+#include <optional>
+
 // Parses the "duration" attribute of a `res` element: H:MM:SS with an optional fraction, ".5" or ".1/2".
-// Returns: 0 for what is not a duration; at most 2147483647.
-// Null: 0.
+// Returns: none for what is not a duration; at most 2147483647.
+// Null: none.
 // Units: milliseconds.
 // Source: ContentDirectory:1, 2.8.3.
-int parseDurationMs(const char* duration);
+std::optional<int> findDurationMs(const char* duration);
+
+inline int parseDurationMs(const char* duration) { return findDurationMs(duration).value_or(0); }
 
 #endif  // TARQ_DMR_DIDL_DURATION_H_

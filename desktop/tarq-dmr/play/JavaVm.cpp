@@ -11,6 +11,7 @@
 
 #include "ClearedExceptions.h"
 #include "CommandError.h"
+#include "ProgramPath.h"
 #include "TarqJniUtil.h"
 
 namespace {
@@ -25,13 +26,8 @@ const char* environment(const char* name) {
 
 // The Java home of the first `java` that the shell would run; empty: there is none.
 fs::path homeOfJavaOnPath() {
-  std::istringstream folders(environment("PATH"));
-  std::error_code error;
-  for (std::string folder; std::getline(folders, folder, ':');) {
-    const fs::path program = fs::canonical(fs::path(folder) / "java", error);
-    if (!error) return program.parent_path().parent_path();
-  }
-  return {};
+  const fs::path program = findOnPath("java");
+  return program.empty() ? program : program.parent_path().parent_path();
 }
 
 // Where Java may be installed, the best place first. JAVA_HOME is the user's choice: it excludes all others.

@@ -28,6 +28,8 @@ class PlayerSession {
   PlayerSession(const PlayerSession&) = delete;
   PlayerSession& operator=(const PlayerSession&) = delete;
 
+  JavaHandler& handler() { return *handler_; }
+
   // Passes on what a check found.
   // Null: `metadata` may be null.
   // Ownership: `resource` must outlive this.

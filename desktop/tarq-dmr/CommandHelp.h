@@ -87,6 +87,16 @@ inline constexpr const char* kExplainHelp =
     "--probe is given. The last line is the verdict. A batch takes the lines of\n"
     "check --batch and writes one JSON line for each, or the counts of --summary.\n\n";
 
+inline constexpr const char* kRendererHelp =
+    "Examples:\n"
+    "  tarq-dmr renderer --name \"Desk\" --region 1\n"
+    "  tarq-dmr renderer --interface eth1 --player simulated --explain\n"
+    "  tarq-dmr renderer --access ask --allow 192.168.0.7 --json > log.ndjson\n\n"
+    "A UPnP media renderer that control points (phones, computers) find and play to:\n"
+    "what they send is checked by the plug-in and played through its player. Shows\n"
+    "each action, and why a resource plays or is refused, as it happens. Ends with\n"
+    "Ctrl-C.\n\n";
+
 inline constexpr const char* kDemoHelp =
     "Example:\n"
     "  tarq-dmr demo --log debug\n\n"

@@ -65,10 +65,11 @@ CLI::Option* addMetadata(CLI::App& command, OptionalFile& file) {
       ->type_name("FILE");
 }
 
-void addPlayer(CLI::App& command, PlayerChoice& player) {
+void addPlayer(CLI::App& command, PlayerChoice& player, const char* usual) {
   command
-      .add_option("--player,--handler", player.name,
-                  "Who plays: simulated, mpv or the Java class\nof a handler (default simulated)")
+      .add_option(
+          "--player,--handler", player.name,
+          std::string("Who plays: simulated, mpv or the Java class\nof a handler (default ") + usual + ")")
       ->type_name("NAME")
       ->check(notEmpty());
   command.add_option("--handler-jar", player.jar, "Jar file with a handler of your own\n(default: none)")
@@ -112,4 +113,34 @@ void addResourceOptions(CLI::App& command, ResourceOptions& options, const char*
       if (!option->empty() && batch->empty()) throw CLI::RequiresError(option->get_name(), "--batch");
     }
   });
+}
+
+void addRendererOptions(CLI::App& command, RendererOptions& options) {
+  command
+      .add_option("--interface", options.interfaceName,
+                  "Network interface (default: the plug-in's, else\nthat of the default route)")
+      ->type_name("IF")
+      ->check(notEmpty());
+  command.add_option("--name", options.name, "What control points show (default: the\nplug-in's)")
+      ->type_name("NAME")
+      ->check(notEmpty());
+  command.add_option("--port", options.port, "TCP port (default: the plug-in's)")
+      ->type_name("N")
+      ->check(CLI::Range(1, 65535).description(""));
+  const std::map<std::string, AccessMode> modes = {
+      {"allow", AccessMode::kAllow}, {"deny", AccessMode::kDeny}, {"ask", AccessMode::kAsk}};
+  command
+      .add_option("--access", options.access,
+                  "New devices: allow, deny or ask here (default\nallow); no answer in 10 s denies")
+      ->type_name("MODE")
+      ->transform(CLI::CheckedTransformer(modes).description(""));
+  command.add_option("--allow", options.allowed, "IPv4 address to allow; may be given again")
+      ->type_name("ADDRESS")
+      ->allow_extra_args(false)
+      ->check(CLI::ValidIPV4.description(""));
+  command.add_option("--deny", options.denied, "IPv4 address to deny; may be given again")
+      ->type_name("ADDRESS")
+      ->allow_extra_args(false)
+      ->check(CLI::ValidIPV4.description(""));
+  command.add_flag("--explain", options.explain, "Show the whole explanation of each choice");
 }

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "PlayerChoice.h"
+#include "RendererOptions.h"
 #include "ResourceOptions.h"
 
 // The options that several commands have. The variables must outlive the parsing.
@@ -22,9 +23,12 @@ void addJson(CLI::App& command, bool& json, const char* description);
 CLI::Option* addUri(CLI::App& command, std::string& uri);
 CLI::Option* addMetadata(CLI::App& command, OptionalFile& file);
 
-void addPlayer(CLI::App& command, PlayerChoice& player);  // --player and what belongs to it
+// --player and what belongs to it. `usual`: who plays when it is not given.
+void addPlayer(CLI::App& command, PlayerChoice& player, const char* usual);
 
 // The URI and --metadata, or --batch instead of both; --jobs, --summary, --json and --region.
 void addResourceOptions(CLI::App& command, ResourceOptions& options, const char* batchDescription);
+
+void addRendererOptions(CLI::App& command, RendererOptions& options);
 
 #endif  // TARQ_DMR_SHARED_OPTIONS_H_

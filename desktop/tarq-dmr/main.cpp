@@ -15,6 +15,7 @@
 #include "ExplainCommand.h"
 #include "InfoCommand.h"
 #include "PlayCommand.h"
+#include "RendererCommand.h"
 #include "SharedOptions.h"
 #include "SinkCommand.h"
 #include "TextOutput.h"
@@ -57,7 +58,7 @@ Run addPlay(CLI::App& command) {
       .add_option("--next-metadata", options->nextMetadataFile,
                   "DIDL-Lite of that item; - is standard input\n(default: none)")
       ->type_name("FILE");
-  addPlayer(command, options->player);
+  addPlayer(command, options->player, "simulated");
   command.callback([=] {
     if (uri->empty()) throw CLI::RequiredError("a URI");
     if (options->nextMetadataFile && !options->nextUri) throw CLI::RequiresError("--next-metadata", "--next");
@@ -72,6 +73,16 @@ Run addExplain(CLI::App& command) {
   addResourceOptions(command, *options, "Explain every line of FILE; - is standard input");
   command.add_flag("--probe", options->probe, "Ask the server where the check would, and show\nits answer");
   return [options] { return runExplain(*options); };
+}
+
+Run addRenderer(CLI::App& command) {
+  const auto options = std::make_shared<RendererOptions>();
+  addHostOptions(command, options->host);
+  addRegion(command, options->region);
+  addRendererOptions(command, *options);
+  addPlayer(command, options->player, "mpv where it is\ninstalled");
+  addJson(command, options->json, "One JSON line for each line of the log");
+  return [options] { return runRenderer(*options); };
 }
 
 Run addDemo(CLI::App& command) {
@@ -91,6 +102,7 @@ constexpr struct {
     {"check", "Check what can be played of a resource", kCheckHelp, addCheck},
     {"play", "Check a resource and play it through a Java handler", kPlayHelp, addPlay},
     {"explain", "Explain why a resource plays as it does, or not at all", kExplainHelp, addExplain},
+    {"renderer", "Be a media renderer on the network", kRendererHelp, addRenderer},
     {"demo", "Show one whole request against a media server of its own", kDemoHelp, addDemo},
 };
 

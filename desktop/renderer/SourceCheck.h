@@ -1,0 +1,48 @@
+#ifndef TARQ_SOURCE_CHECK_H_
+#define TARQ_SOURCE_CHECK_H_
+
+#include <memory>
+#include <mutex>
+#include <string>
+
+#include "TarqDmrParamsInterface.h"
+
+// A source and what the plug-in's checker found.
+struct CheckedSource {
+  std::string uri;       // as the control point set it
+  std::string metadata;  // the same
+  std::unique_ptr<TarqResourceCheckerInterface> checker;
+  int code = kAccepted;  // of the check
+  int tookMs = 0;
+
+  const TarqResourceInfo& resource() const { return *checker->GetResource(); }
+};
+
+// Checks sources, for no longer than a control point waits.
+// Threads: one for all but `cancel`.
+class SourceCheck {
+ public:
+  explicit SourceCheck(TarqDmrParamsInterface& params) : params_(params) {}
+
+  // Returns: never null.
+  // Errors: ActionError when the source is refused, takes too long, or is not for a player of http and https.
+  std::shared_ptr<const CheckedSource> run(const std::string& uri, const std::string& metadata);
+
+  // Returns: what `run` checked last, accepted or not; null before that.
+  std::shared_ptr<const CheckedSource> last() const { return last_; }
+
+  // Ends the check that is running, if any; `run` then throws at once.
+  // Threads: any.
+  void cancel();
+
+ private:
+  void runChecker(CheckedSource& source);
+  void setRunning(TarqResourceCheckerInterface* checker);
+
+  TarqDmrParamsInterface& params_;
+  std::shared_ptr<const CheckedSource> last_;
+  std::mutex mutex_;
+  TarqResourceCheckerInterface* running_ = nullptr;  // under mutex_
+};
+
+#endif  // TARQ_SOURCE_CHECK_H_

@@ -1,0 +1,237 @@
+#include "Transport.h"
+
+#include <cstdlib>
+#include <utility>
+
+#include "DidlDuration.h"
+#include "UpnpCodes.h"
+
+namespace {
+
+constexpr unsigned kInstance = 0;
+
+void require(PlayerOperation operation, int code) {
+  if (code != kPlayerOk) throw errorOfPlayer(operation, code);
+}
+
+// A string that the player allocates; empty when it has none.
+std::string playerString(TarqDmrPlayerInterface& player,
+                         int (TarqDmrPlayerInterface::*operation)(unsigned, char**)) {
+  char* found = nullptr;
+  if ((player.*operation)(kInstance, &found) != kPlayerOk || found == nullptr) return {};
+  const std::unique_ptr<char, void (*)(void*)> owner(found, std::free);
+  return found;
+}
+
+bool isListed(const std::string& value, const std::string& list) {
+  return ("," + list + ",").find("," + value + ",") != std::string::npos;
+}
+
+// Of TarqRendererHandler.
+TransportState stateOfPlayer(int state) {
+  constexpr int kPlaying = 1;
+  constexpr int kPaused = 2;
+  if (state == kPlaying) return TransportState::kPlaying;
+  return state == kPaused ? TransportState::kPaused : TransportState::kStopped;
+}
+
+}  // namespace
+
+Transport::Transport(TarqDmrParamsInterface& params, std::function<void()> changed)
+    : check_(params), changed_(std::move(changed)) {}
+
+void Transport::begin(TarqDmrPlayerInterface& player, JavaHandler& handler) {
+  player_ = &player;
+  handler_ = &handler;
+  const std::string speeds = playerString(player, &TarqDmrPlayerInterface::GetPlaySpeedList);
+  {
+    const std::lock_guard lock(mutex_);
+    if (!speeds.empty()) speeds_ = speeds;
+  }
+  publish(true);
+}
+
+void Transport::setSource(const std::string& uri, const std::string& metadata) {
+  const bool wasPlaying = plays();
+  if (uri.empty()) {
+    stop();
+    now_ = {};
+    return publish(true);
+  }
+  const auto source = check_.run(uri, metadata);
+  take(source);
+  now_.seeking = now_.failed = false;
+  now_.next = nullptr;
+  now_.state = TransportState::kStopped;
+  readActions();
+  publish(true);
+  if (!wasPlaying) return;
+  start("1");
+  publish(true);
+}
+
+void Transport::setNextSource(const std::string& uri, const std::string& metadata) {
+  const auto source = uri.empty() ? nullptr : check_.run(uri, metadata);
+  setNext(source);
+  readActions();
+  publish(true);
+}
+
+void Transport::play(const std::string& speed) {
+  if (now_.current == nullptr) throw ActionError{702};
+  if (!isListed(speed, speeds_)) throw ActionError{717};
+  if (plays() && speed == now_.speed) return;
+  start(speed);
+  publish(true);
+}
+
+void Transport::pause() {
+  if (now_.state == TransportState::kTransitioning) poll();
+  if (now_.state != TransportState::kPlaying) throw ActionError{701};
+  require(PlayerOperation::kPause, player_->Pause(kInstance));
+  now_.state = TransportState::kPaused;
+  readTimes();
+  readActions();
+  publish(true);
+}
+
+void Transport::stop() {
+  if (now_.current == nullptr) return;
+  require(PlayerOperation::kOther, player_->Stop(kInstance));
+  now_.state = TransportState::kStopped;
+  now_.seeking = false;
+  now_.positionMs = 0;
+  readActions();
+  publish(true);
+}
+
+void Transport::seek(int64_t targetMs) {
+  if (!isActive()) throw ActionError{701};
+  const bool beyond = now_.durationMs != 0 && targetMs > now_.durationMs;
+  if (beyond || targetMs > INT32_MAX) throw ActionError{711};
+  require(PlayerOperation::kSeek, player_->SeekTo(kInstance, static_cast<int>(targetMs)));
+  now_.seeking = true;  // until the next poll
+  now_.positionMs = static_cast<int>(targetMs);
+  publish(true);
+}
+
+void Transport::next() {
+  if (now_.next == nullptr) throw ActionError{711};
+  require(PlayerOperation::kOther, player_->Next(kInstance));
+  moveToNext();
+  if (isActive()) now_.state = TransportState::kTransitioning;
+  publish(true);
+}
+
+void Transport::poll() {
+  if (!isActive()) return;
+  int playerState = 0;
+  const bool known = player_->GetState(kInstance, &playerState) == kPlayerOk;
+  const TransportState state = known ? stateOfPlayer(playerState) : TransportState::kStopped;
+  state == TransportState::kStopped ? endTrack() : followTrack(state);
+}
+
+TransportSnapshot Transport::snapshot() const {
+  const std::lock_guard lock(mutex_);
+  return published_;
+}
+
+std::string Transport::playSpeeds() const {
+  const std::lock_guard lock(mutex_);
+  return speeds_;
+}
+
+bool Transport::plays() const {
+  return now_.state == TransportState::kPlaying || now_.state == TransportState::kTransitioning;
+}
+
+bool Transport::isActive() const {
+  return now_.state != TransportState::kNoMedia && now_.state != TransportState::kStopped;
+}
+
+void Transport::start(const std::string& speed) {
+  require(PlayerOperation::kPlay, player_->Start(kInstance, speed.c_str()));
+  now_.state = TransportState::kTransitioning;
+  now_.speed = speed;
+  now_.failed = false;
+  readActions();
+}
+
+void Transport::take(std::shared_ptr<const CheckedSource> source) {
+  const TarqResourceInfo& resource = source->resource();
+  require(PlayerOperation::kSetSource,
+          player_->SetDataSource(kInstance, resource.uri, source->metadata.c_str(), resource.mimeType));
+  handler_->setTrackDuration(parseDurationMs(resource.duration));
+  track_ = 1;
+  now_.current = std::move(source);
+  now_.positionMs = 0;
+  now_.durationMs = parseDurationMs(resource.duration);
+}
+
+void Transport::setNext(std::shared_ptr<const CheckedSource> source) {
+  if (source == nullptr) {
+    player_->SetNextDataSource(kInstance, "", nullptr, "");
+  } else {
+    const TarqResourceInfo& resource = source->resource();
+    const char* type = resource.mimeType == nullptr ? "" : resource.mimeType;
+    require(PlayerOperation::kSetSource,
+            player_->SetNextDataSource(kInstance, resource.uri, source->metadata.c_str(), type));
+  }
+  now_.next = std::move(source);
+}
+
+void Transport::moveToNext() {
+  ++track_;
+  now_.current = std::exchange(now_.next, nullptr);
+  now_.durationMs = parseDurationMs(now_.current->resource().duration);
+  handler_->setTrackDuration(now_.durationMs);
+  now_.positionMs = 0;
+  readActions();
+}
+
+void Transport::followTrack(TransportState state) {
+  const TransportSnapshot before = now_;
+  readTimes();
+  now_.seeking = false;
+  const bool movedOn = now_.next != nullptr && handler_->currentTrack() > track_;
+  if (movedOn) moveToNext();
+  now_.state = state;
+  const bool isNew =
+      movedOn || before.seeking || before.state != state || before.durationMs != now_.durationMs;
+  if (isNew) readActions();
+  publish(isNew);
+}
+
+// A handler that could not go on to the next source by itself is given it now.
+void Transport::endTrack() {
+  now_.seeking = false;
+  now_.failed = !handler_->failure().empty();
+  now_.positionMs = 0;
+  now_.state = TransportState::kStopped;
+  if (!now_.failed && now_.next != nullptr) {
+    try {
+      take(std::exchange(now_.next, nullptr));
+      start("1");
+    } catch (const ActionError&) {
+      now_.failed = true;
+    }
+  }
+  readActions();
+  publish(true);
+}
+
+void Transport::readTimes() {
+  int value = 0;
+  if (player_->GetCurrentPosition(kInstance, &value) == kPlayerOk) now_.positionMs = value;
+  if (player_->GetTrackDuration(kInstance, &value) == kPlayerOk && value > 0) now_.durationMs = value;
+}
+
+void Transport::readActions() { now_.actions = playerString(*player_, &TarqDmrPlayerInterface::GetAction); }
+
+void Transport::publish(bool worthTelling) {
+  {
+    const std::lock_guard lock(mutex_);
+    published_ = now_;
+  }
+  if (worthTelling) changed_();
+}

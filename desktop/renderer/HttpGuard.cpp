@@ -1,7 +1,5 @@
 #include "HttpGuard.h"
 
-#include <strings.h>
-
 #include <string_view>
 #include <utility>
 
@@ -77,13 +75,11 @@ guint HttpGuard::refusal(SoupServerMessage* message) {
   return subscribes && !hasRoomForSubscription() ? SOUP_STATUS_SERVICE_UNAVAILABLE : 0;
 }
 
-// libsoup closes a connection as announced, but does not say so itself, and some control points then use it again.
+// libsoup 3.2 does not notice when a client closes a connection that was kept for its next request, and keeps the
+// socket for good. So no connection is kept, and clients are told so: some would otherwise use it again.
 void HttpGuard::read(SoupServer*, SoupServerMessage* message, gpointer) {
   SoupMessageHeaders* answer = soup_server_message_get_response_headers(message);
-  const char* connection = requestHeader(message, "Connection");
-  if (connection != nullptr && strcasecmp(connection, "close") == 0) {
-    soup_message_headers_replace(answer, "Connection", "close");
-  }
+  soup_message_headers_replace(answer, "Connection", "close");
   soup_message_headers_replace(answer, "Server", "Linux UPnP/1.0 tarq-dmr/" TARQ_DMR_VERSION);
 }
 

@@ -9,8 +9,8 @@
 
 // Watches over the HTTP server that GUPnP runs and over the events that it sends:
 // requests for another host (DNS rebinding) or with too large a body are refused, subscriptions are limited in
-// number, connections are closed when that was announced, and a subscriber that takes no events loses its
-// subscription instead of holding up events or memory.
+// number, connections are closed after each answer, and a subscriber that takes no events loses its subscription
+// instead of holding up events or memory.
 // Threads: the main loop's. At most one at a time: the sessions of GUPnP cannot be told apart.
 class HttpGuard {
  public:

@@ -16,12 +16,13 @@
 #include <thread>
 #include <vector>
 
-// A listening socket on an ephemeral port of the loopback address.
+// A listening socket on an ephemeral port of the loopback address, or of another that this machine has.
 class LoopbackListener {
  public:
-  explicit LoopbackListener(int backlog = SOMAXCONN) : fd_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+  explicit LoopbackListener(int backlog = SOMAXCONN, const char* ip = "127.0.0.1")
+      : ip_(ip), fd_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
     address_.sin_family = AF_INET;
-    address_.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    inet_pton(AF_INET, ip, &address_.sin_addr);
     socklen_t size = sizeof address_;
     bind(fd_, address(), size);
     listen(fd_, backlog);
@@ -34,10 +35,11 @@ class LoopbackListener {
   int fd() const { return fd_; }
   sockaddr* address() { return reinterpret_cast<sockaddr*>(&address_); }
   std::string url(const std::string& path) const {
-    return "http://127.0.0.1:" + std::to_string(ntohs(address_.sin_port)) + path;
+    return "http://" + ip_ + ":" + std::to_string(ntohs(address_.sin_port)) + path;
   }
 
  private:
+  std::string ip_;
   int fd_;
   sockaddr_in address_{};
 };
@@ -51,8 +53,13 @@ class RawHttpServer {
    public:
     explicit Connection(int fd) : fd_(fd) {
       for (char byte; !request_.ends_with("\r\n\r\n") && recv(fd_, &byte, 1, 0) == 1;) request_ += byte;
+      const size_t length = request_.find("Content-Length: ");
+      if (length == std::string::npos) return;
+      body_.resize(std::stoul(request_.substr(length + 16)));
+      recv(fd_, body_.data(), body_.size(), MSG_WAITALL);
     }
     const std::string& request() const { return request_; }
+    const std::string& body() const { return body_; }
     // False: the client is gone.
     bool send(std::string_view text) {
       for (ssize_t sent; !text.empty(); text.remove_prefix(static_cast<size_t>(sent))) {
@@ -75,10 +82,12 @@ class RawHttpServer {
    private:
     int fd_;
     std::string request_;
+    std::string body_;
   };
   using Answer = std::function<void(Connection&)>;
 
-  explicit RawHttpServer(Answer answer) : answer_(std::move(answer)) {
+  explicit RawHttpServer(Answer answer, const char* ip = "127.0.0.1")
+      : listener_(SOMAXCONN, ip), answer_(std::move(answer)) {
     for (int i = 0; i < 8; ++i) threads_.emplace_back([this] { serve(); });
   }
   explicit RawHttpServer(std::string answer)

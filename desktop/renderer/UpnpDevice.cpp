@@ -19,8 +19,8 @@ using Owner = std::unique_ptr<Object, Unref<Object>>;
 
 // Source: UPnP Device Architecture 1.0, 3.2.1: "urn:...:service:NAME:1#Action".
 bool isForService(GUPnPServiceAction* action, const Service& service) {
-  SoupMessageHeaders* headers =
-      soup_server_message_get_request_headers(gupnp_service_action_get_message(action));
+  const Owner<SoupServerMessage> message(gupnp_service_action_get_message(action));
+  SoupMessageHeaders* headers = soup_server_message_get_request_headers(message.get());
   const char* header = soup_message_headers_get_one(headers, "SOAPACTION");
   std::string_view name = header == nullptr ? "" : header;
   if (name.starts_with('"')) name.remove_prefix(1);
@@ -70,10 +70,10 @@ void sendAnswer(GUPnPServiceAction* action, const PendingAction& pending) {
 }
 
 void fillCaller(GUPnPServiceAction* action, PendingAction& pending) {
-  SoupServerMessage* message = gupnp_service_action_get_message(action);
-  const char* host = soup_server_message_get_remote_host(message);
+  const Owner<SoupServerMessage> message(gupnp_service_action_get_message(action));
+  const char* host = soup_server_message_get_remote_host(message.get());
   const char* agent =
-      soup_message_headers_get_one(soup_server_message_get_request_headers(message), "User-Agent");
+      soup_message_headers_get_one(soup_server_message_get_request_headers(message.get()), "User-Agent");
   if (host != nullptr) pending.address = host;
   if (agent != nullptr) pending.agent = agent;
 }

@@ -38,6 +38,8 @@ class ActionCall {
   // Returns: the answer's value of an output argument, empty if it was not set.
   std::string output(std::string_view name) const;
 
+  unsigned checkTicket = 0;  // of an action that has a source checked: see SourceCheck
+
  private:
   using Values = std::map<std::string, std::string, std::less<>>;
 

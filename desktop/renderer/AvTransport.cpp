@@ -44,11 +44,11 @@ constexpr StateVariable kVariables[] = {
 constexpr Argument kInstance = {"InstanceID", "A_ARG_TYPE_InstanceID"};
 
 void setUri(RendererParts& parts, ActionCall& call) {
-  parts.transport.setSource(call.in("CurrentURI"), call.in("CurrentURIMetaData"));
+  parts.transport.setSource(call.in("CurrentURI"), call.in("CurrentURIMetaData"), call.checkTicket);
 }
 
 void setNextUri(RendererParts& parts, ActionCall& call) {
-  parts.transport.setNextSource(call.in("NextURI"), call.in("NextURIMetaData"));
+  parts.transport.setNextSource(call.in("NextURI"), call.in("NextURIMetaData"), call.checkTicket);
 }
 
 // What is asked for are values of state variables.

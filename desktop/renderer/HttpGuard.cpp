@@ -1,5 +1,7 @@
 #include "HttpGuard.h"
 
+#include <sys/socket.h>
+
 #include <string_view>
 #include <utility>
 
@@ -19,6 +21,17 @@ bool isMethod(SoupServerMessage* message, std::string_view method) {
   return soup_server_message_get_method(message) == method;
 }
 
+// libsoup lets ten connections wait to be accepted; of more, some would only come a second later.
+void listenPatiently(SoupServer* server) {
+  GSList* sockets = soup_server_get_listeners(server);
+  for (GSList* each = sockets; each != nullptr; each = each->next) {
+    const auto socket = static_cast<GSocket*>(each->data);
+    g_socket_set_listen_backlog(socket, SOMAXCONN);
+    g_socket_listen(socket, nullptr);
+  }
+  g_slist_free(sockets);
+}
+
 // A status that is set before the body has come keeps the request from GUPnP; the body is read and dropped.
 void refuse(SoupServerMessage* message, guint status) {
   soup_server_message_set_status(message, status, nullptr);
@@ -35,6 +48,7 @@ HttpGuard::HttpGuard(SoupServer* server, std::string host, std::string agent)
       queuedSignal_(g_signal_lookup("request-queued", SOUP_TYPE_SESSION)),
       queuedHook_(g_signal_add_emission_hook(queuedSignal_, 0, eventQueued, this, nullptr)) {
   soup_session_set_user_agent(session_, agent_.c_str());
+  listenPatiently(server_);
   g_signal_connect(server_, "request-started", G_CALLBACK(started), this);
   g_signal_connect(server_, "request-read", G_CALLBACK(read), this);
   g_signal_connect(server_, "request-finished", G_CALLBACK(finished), this);
@@ -80,7 +94,9 @@ guint HttpGuard::refusal(SoupServerMessage* message) {
 void HttpGuard::read(SoupServer*, SoupServerMessage* message, gpointer) {
   SoupMessageHeaders* answer = soup_server_message_get_response_headers(message);
   soup_message_headers_replace(answer, "Connection", "close");
-  soup_message_headers_replace(answer, "Server", "Linux UPnP/1.0 tarq-dmr/" TARQ_DMR_VERSION);
+  // GUPnP names itself in answers to actions and subscriptions.
+  if (isMethod(message, "GET"))
+    soup_message_headers_replace(answer, "Server", "Linux UPnP/1.0 tarq-dmr/" TARQ_DMR_VERSION);
 }
 
 void HttpGuard::finished(SoupServer*, SoupServerMessage* message, gpointer self) {

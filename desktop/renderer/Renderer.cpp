@@ -1,7 +1,7 @@
 #include "Renderer.h"
 
 #include <csignal>
-#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <future>
 
@@ -18,6 +18,7 @@
 #include "ProgramPath.h"
 #include "Rendering.h"
 #include "RequestLog.h"
+#include "TarqJniUtil.h"
 #include "Transport.h"
 #include "TransportValues.h"
 #include "UpnpDevice.h"
@@ -80,6 +81,8 @@ void perform(RendererParts& parts, PendingAction& action) {
     action.error = error;
   } catch (const std::bad_alloc&) {
     action.error = ActionError{603};
+  } catch (const std::exception&) {
+    action.error = ActionError{501};
   }
 }
 
@@ -107,7 +110,8 @@ RunningRenderer::RunningRenderer(const RendererOptions& options, TarqDmrPluginMa
 
 // The player's handler is taken away only when no action can reach it any more.
 RunningRenderer::~RunningRenderer() {
-  transport_.cancelCheck();
+  transport_.cancelChecks();
+  if (renderingWorker_ != nullptr) renderingWorker_->post([] { TarqJniUtil::DetachVM(); });
   renderingWorker_.reset();
   if (transportWorker_ != nullptr) transportWorker_->post([this] { session_.reset(); });
   transportWorker_.reset();
@@ -144,6 +148,11 @@ void RunningRenderer::startPlayer() {
   });
   transportWorker_->post([start] { (*start)(); });
   start->get_future().get();
+  // Attached to the VM once, not for each volume.
+  renderingWorker_->post([] {
+    int attached = 0;
+    TarqJniUtil::GetJNIEnv(&attached);
+  });
 }
 
 void RunningRenderer::writeDescription(const std::string& hexDigits) {
@@ -159,7 +168,8 @@ void RunningRenderer::writeDescription(const std::string& hexDigits) {
 
 void RunningRenderer::act(std::unique_ptr<PendingAction> action) {
   const Action& row = action->call.action();
-  if (row.endsCheck) transport_.cancelCheck();
+  if (row.endsCheck) transport_.cancelChecks();
+  action->call.checkTicket = transport_.checkTicket();
   if (row.runsOn == RunsOn::kTransport) return performOn(*transportWorker_, std::move(action));
   if (row.runsOn == RunsOn::kRendering) return performOn(*renderingWorker_, std::move(action));
   const Clock::time_point begun = Clock::now();
@@ -210,6 +220,7 @@ NetworkInterface chooseInterface(const RendererOptions& options, const TarqDmrSp
 
 int runTarqRenderer(const RendererOptions& options) {
   std::signal(SIGPIPE, SIG_IGN);
+  ::setenv("GIO_USE_PROXY_RESOLVER", "dummy", 1);  // events go straight to their subscribers
   TarqDmrPluginManager& host = openHost(options.host);
   const NetworkInterface interface = chooseInterface(options, *host.GetSpec());
   RunningRenderer(options, host).run(interface);

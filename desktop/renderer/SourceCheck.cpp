@@ -41,6 +41,14 @@ class Deadline {
   std::jthread thread_;
 };
 
+void check(CheckedSource& source, const char* didl) {
+  using std::chrono::steady_clock;
+  const steady_clock::time_point begun = steady_clock::now();
+  source.code = source.checker->CheckResource(source.uri.c_str(), didl);
+  const auto took = std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now() - begun);
+  source.tookMs = static_cast<int>(took.count());
+}
+
 // Whatever the checker says: a player would open local files, too, for anyone on the network.
 bool isForPlayers(const char* uri) {
   const std::unique_ptr<VondURL> url(VondURL::Parse(uri, nullptr));
@@ -50,11 +58,20 @@ bool isForPlayers(const char* uri) {
 
 }  // namespace
 
-std::shared_ptr<const CheckedSource> SourceCheck::run(const std::string& uri, const std::string& metadata) {
+unsigned SourceCheck::ticket() const {
+  const std::lock_guard lock(mutex_);
+  return ticket_;
+}
+
+std::shared_ptr<const CheckedSource> SourceCheck::run(const std::string& uri, const std::string& metadata,
+                                                      unsigned ticket) {
   const auto source = std::make_shared<CheckedSource>(CheckedSource{uri, metadata, newChecker(params_)});
   last_ = source;
-  Deadline deadline([this] { cancel(); });
-  runChecker(*source);
+  const std::string didl = unwrapMetadata(metadata).didl;
+  Deadline deadline([checker = source->checker.get()] { checker->Cancel(); });
+  begin(*source->checker, ticket);
+  check(*source, didl.c_str());
+  end();
   const bool expired = deadline.expired();
   if (source->code != kAccepted && expired) throw ActionError{716, "the server did not answer within 4 s"};
   if (source->code != kAccepted) throw errorOfCheck(source->code);
@@ -64,21 +81,18 @@ std::shared_ptr<const CheckedSource> SourceCheck::run(const std::string& uri, co
 
 void SourceCheck::cancel() {
   const std::lock_guard lock(mutex_);
+  ++ticket_;
   if (running_ != nullptr) running_->Cancel();
 }
 
-void SourceCheck::runChecker(CheckedSource& source) {
-  using std::chrono::steady_clock;
-  const std::string didl = unwrapMetadata(source.metadata).didl;
-  const steady_clock::time_point begin = steady_clock::now();
-  setRunning(source.checker.get());
-  source.code = source.checker->CheckResource(source.uri.c_str(), didl.c_str());
-  setRunning(nullptr);
-  const auto took = std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now() - begin);
-  source.tookMs = static_cast<int>(took.count());
+// A checker that is cancelled before it runs asks no server.
+void SourceCheck::begin(TarqResourceCheckerInterface& checker, unsigned ticket) {
+  const std::lock_guard lock(mutex_);
+  running_ = &checker;
+  if (ticket != ticket_) checker.Cancel();
 }
 
-void SourceCheck::setRunning(TarqResourceCheckerInterface* checker) {
+void SourceCheck::end() {
   const std::lock_guard lock(mutex_);
-  running_ = checker;
+  running_ = nullptr;
 }

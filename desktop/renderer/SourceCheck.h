@@ -24,25 +24,32 @@ class SourceCheck {
  public:
   explicit SourceCheck(TarqDmrParamsInterface& params) : params_(params) {}
 
+  // Which checks are still wanted: a check that was asked for before `cancel` is not.
+  // Threads: any.
+  unsigned ticket() const;
+
   // Returns: never null.
-  // Errors: ActionError when the source is refused, takes too long, or is not for a player of http and https.
-  std::shared_ptr<const CheckedSource> run(const std::string& uri, const std::string& metadata);
+  // Errors: ActionError when the source is refused, takes too long, is not for a player of http and https, or is
+  //   not wanted any more.
+  std::shared_ptr<const CheckedSource> run(const std::string& uri, const std::string& metadata,
+                                           unsigned ticket);
 
   // Returns: what `run` checked last, accepted or not; null before that.
   std::shared_ptr<const CheckedSource> last() const { return last_; }
 
-  // Ends the check that is running, if any; `run` then throws at once.
+  // Ends the check that is running, if any, and those that were asked for; `run` throws at once.
   // Threads: any.
   void cancel();
 
  private:
-  void runChecker(CheckedSource& source);
-  void setRunning(TarqResourceCheckerInterface* checker);
+  void begin(TarqResourceCheckerInterface& checker, unsigned ticket);
+  void end();
 
   TarqDmrParamsInterface& params_;
   std::shared_ptr<const CheckedSource> last_;
-  std::mutex mutex_;
-  TarqResourceCheckerInterface* running_ = nullptr;  // under mutex_
+  mutable std::mutex mutex_;  // of both below
+  unsigned ticket_ = 0;       // of the checks that are wanted
+  TarqResourceCheckerInterface* running_ = nullptr;
 };
 
 #endif  // TARQ_SOURCE_CHECK_H_

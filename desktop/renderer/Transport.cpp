@@ -51,16 +51,17 @@ void Transport::begin(TarqDmrPlayerInterface& player, JavaHandler& handler) {
   publish(true);
 }
 
-void Transport::setSource(const std::string& uri, const std::string& metadata) {
+void Transport::setSource(const std::string& uri, const std::string& metadata, unsigned checkTicket) {
   const bool wasPlaying = plays();
   if (uri.empty()) {
     stop();
     now_ = {};
     return publish(true);
   }
-  const auto source = check_.run(uri, metadata);
+  const auto source = check_.run(uri, metadata, checkTicket);
   take(source);
-  now_.seeking = now_.failed = false;
+  now_.seekPolls = 0;
+  now_.failed = false;
   now_.next = nullptr;
   now_.state = TransportState::kStopped;
   readActions();
@@ -70,8 +71,8 @@ void Transport::setSource(const std::string& uri, const std::string& metadata) {
   publish(true);
 }
 
-void Transport::setNextSource(const std::string& uri, const std::string& metadata) {
-  const auto source = uri.empty() ? nullptr : check_.run(uri, metadata);
+void Transport::setNextSource(const std::string& uri, const std::string& metadata, unsigned checkTicket) {
+  const auto source = uri.empty() ? nullptr : check_.run(uri, metadata, checkTicket);
   setNext(source);
   readActions();
   publish(true);
@@ -99,7 +100,7 @@ void Transport::stop() {
   if (now_.current == nullptr) return;
   require(PlayerOperation::kOther, player_->Stop(kInstance));
   now_.state = TransportState::kStopped;
-  now_.seeking = false;
+  now_.seekPolls = 0;
   now_.positionMs = 0;
   readActions();
   publish(true);
@@ -110,7 +111,7 @@ void Transport::seek(int64_t targetMs) {
   const bool beyond = now_.durationMs != 0 && targetMs > now_.durationMs;
   if (beyond || targetMs > INT32_MAX) throw ActionError{711};
   require(PlayerOperation::kSeek, player_->SeekTo(kInstance, static_cast<int>(targetMs)));
-  now_.seeking = true;  // until the next poll
+  now_.seekPolls = 2;
   now_.positionMs = static_cast<int>(targetMs);
   publish(true);
 }
@@ -192,19 +193,19 @@ void Transport::moveToNext() {
 void Transport::followTrack(TransportState state) {
   const TransportSnapshot before = now_;
   readTimes();
-  now_.seeking = false;
+  if (now_.seekPolls > 0) --now_.seekPolls;
   const bool movedOn = now_.next != nullptr && handler_->currentTrack() > track_;
   if (movedOn) moveToNext();
   now_.state = state;
-  const bool isNew =
-      movedOn || before.seeking || before.state != state || before.durationMs != now_.durationMs;
+  const bool isNew = movedOn || before.seekPolls != now_.seekPolls || before.state != state ||
+                     before.durationMs != now_.durationMs;
   if (isNew) readActions();
   publish(isNew);
 }
 
 // A handler that could not go on to the next source by itself is given it now.
 void Transport::endTrack() {
-  now_.seeking = false;
+  now_.seekPolls = 0;
   now_.failed = !handler_->failure().empty();
   now_.positionMs = 0;
   now_.state = TransportState::kStopped;

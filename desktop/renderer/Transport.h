@@ -15,8 +15,10 @@ enum class TransportState { kNoMedia, kStopped, kTransitioning, kPlaying, kPause
 
 struct TransportSnapshot {
   TransportState state = TransportState::kNoMedia;
-  bool seeking = false;  // subscribers are told so once, since the position itself is not told
-  bool failed = false;   // the track ended with an error
+  // Shown as a transition until this many polls are over, because the position itself is not told: long enough for
+  // the next event.
+  int seekPolls = 0;
+  bool failed = false;                           // the track ended with an error
   std::shared_ptr<const CheckedSource> current;  // null: nothing to play
   std::shared_ptr<const CheckedSource> next;     // null: nothing after it
   std::string speed = "1";
@@ -26,7 +28,7 @@ struct TransportSnapshot {
 };
 
 // The transport of the renderer: what it plays, and in which state. Each operation is an action of AVTransport.
-// Threads: one for all operations but `snapshot`, `playSpeeds` and `cancelCheck`.
+// Threads: one for all operations but `snapshot`, `playSpeeds`, `checkTicket` and `cancelChecks`.
 // Errors: ActionError. A source that is refused changes nothing.
 class Transport {
  public:
@@ -38,8 +40,8 @@ class Transport {
   void begin(TarqDmrPlayerInterface& player, JavaHandler& handler);
 
   // An empty URI takes the source away.
-  void setSource(const std::string& uri, const std::string& metadata);
-  void setNextSource(const std::string& uri, const std::string& metadata);
+  void setSource(const std::string& uri, const std::string& metadata, unsigned checkTicket);
+  void setNextSource(const std::string& uri, const std::string& metadata, unsigned checkTicket);
   void play(const std::string& speed);
   void pause();
   void stop();
@@ -56,7 +58,8 @@ class Transport {
   // Threads: any.
   TransportSnapshot snapshot() const;
   std::string playSpeeds() const;
-  void cancelCheck() { check_.cancel(); }
+  unsigned checkTicket() const { return check_.ticket(); }
+  void cancelChecks() { check_.cancel(); }
 
  private:
   bool plays() const;     // or is about to

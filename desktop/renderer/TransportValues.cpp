@@ -38,7 +38,7 @@ std::string noCount(const Snapshot&) { return kNoCount; }
 constexpr TransportValue kValues[] = {
     {"TransportState",
      [](const Snapshot& now) -> std::string {
-       return stateWord(now.seeking ? TransportState::kTransitioning : now.state);
+       return stateWord(now.seekPolls > 0 ? TransportState::kTransitioning : now.state);
      }},
     {"TransportStatus",
      [](const Snapshot& now) -> std::string { return now.failed ? "ERROR_OCCURRED" : "OK"; }},

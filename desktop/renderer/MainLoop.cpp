@@ -30,7 +30,11 @@ MainLoop::MainLoop() : loop_(g_main_loop_new(nullptr, FALSE)) { g_log_set_defaul
 MainLoop::~MainLoop() { g_main_loop_unref(loop_); }
 
 void MainLoop::run() {
-  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) g_unix_signal_add(signal, quit, loop_);
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    struct sigaction previous {};
+    sigaction(signal, nullptr, &previous);
+    if (previous.sa_handler != SIG_IGN) g_unix_signal_add(signal, quit, loop_);  // nohup
+  }
   g_main_loop_run(loop_);
 }
 

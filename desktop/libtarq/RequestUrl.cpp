@@ -6,10 +6,17 @@
 #include "VondHspError.h"
 #include "ZylInet.h"
 
+namespace {
+
+// More than servers take. libcurl would call a few million bytes a lack of memory.
+constexpr size_t kMaxUrlBytes = size_t{1} << 20;
+
+}  // namespace
+
 int RequestUrl::parse(const char* string) noexcept {
   // libcurl would encode a blank, too, but in a query as "+", which not every server reads as a blank.
-  const bool usable =
-      string != nullptr && startsWithIgnoringCase(string, "http://") && std::strchr(string, ' ') == nullptr;
+  const bool usable = string != nullptr && startsWithIgnoringCase(string, "http://") &&
+                      std::strchr(string, ' ') == nullptr && std::strlen(string) <= kMaxUrlBytes;
   if (!usable) return kVondHspRefused;
   if (url_ == nullptr) url_ = curl_url();
   if (url_ == nullptr) return kVondHspNoResources;

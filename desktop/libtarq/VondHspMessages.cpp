@@ -32,7 +32,7 @@ const char* VondHspErrorText(int error) noexcept {
     case kVondHspCancelled:
       return "cancelled";
     case kVondHspNoResources:
-      return "out of file descriptors or memory, or too many name lookups hang";
+      return "out of file descriptors or memory";
     default:
       return "unknown error";
   }

@@ -38,10 +38,10 @@ TEST(VondHspClient, RefusesOtherUrlsAndSendsNothingOnceCancelled) {
   RawHttpServer server("HTTP/1.1 200 OK\r\n\r\n");
   VondHspClient client(true);
   EXPECT_EQ(head(client, nullptr), kVondHspRefused);
-  for (const std::string& url :
-       {std::string("https://127.0.0.1/"), std::string("http://127.0.0.1:99999/"),
-        server.url("/\r\nX-Injected: 1"), server.url("/\x01"), server.url("/a b"), std::string()})
-    EXPECT_EQ(head(client, url.c_str()), kVondHspRefused) << url;
+  for (const std::string& url : {std::string("https://127.0.0.1/"), std::string("http://127.0.0.1:99999/"),
+                                 server.url("/\r\nX-Injected: 1"), server.url("/\x01"), server.url("/a b"),
+                                 std::string(), server.url("/" + std::string(1 << 20, '\xFF'))})
+    EXPECT_EQ(head(client, url.c_str()), kVondHspRefused) << url.substr(0, 40);
   client.Cancel();
   EXPECT_EQ(head(client, server.url().c_str()), kVondHspCancelled);
   EXPECT_TRUE(server.requests().empty());

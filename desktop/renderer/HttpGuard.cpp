@@ -5,6 +5,8 @@
 #include <string_view>
 #include <utility>
 
+#include "EventDelay.h"
+
 namespace {
 
 constexpr goffset kMostBodyBytes = goffset{8} << 20;
@@ -43,11 +45,13 @@ void refuse(SoupServerMessage* message, guint status) {
 HttpGuard::HttpGuard(SoupServer* server, std::string host, std::string agent)
     : server_(SOUP_SERVER(g_object_ref(server))),
       session_(soup_session_new()),
+      eventDelay_(newEventDelay()),
       host_(std::move(host)),
       agent_(std::move(agent)),
       queuedSignal_(g_signal_lookup("request-queued", SOUP_TYPE_SESSION)),
       queuedHook_(g_signal_add_emission_hook(queuedSignal_, 0, eventQueued, this, nullptr)) {
   soup_session_set_user_agent(session_, agent_.c_str());
+  soup_session_set_proxy_resolver(session_, nullptr);
   listenPatiently(server_);
   g_signal_connect(server_, "request-started", G_CALLBACK(started), this);
   g_signal_connect(server_, "request-read", G_CALLBACK(read), this);
@@ -59,6 +63,7 @@ HttpGuard::~HttpGuard() {
   g_signal_handlers_disconnect_by_data(server_, this);
   soup_session_abort(session_);
   g_object_unref(session_);
+  g_object_unref(eventDelay_);
   g_object_unref(server_);
 }
 
@@ -122,7 +127,10 @@ gboolean HttpGuard::eventQueued(GSignalInvocationHint*, guint, const GValue* val
   const auto guard = static_cast<HttpGuard*>(self);
   const auto message = SOUP_MESSAGE(g_value_get_object(&values[1]));
   if (soup_message_get_method(message) != std::string_view("NOTIFY")) return TRUE;
-  soup_session_set_timeout(SOUP_SESSION(g_value_get_object(&values[0])), kEventTimeoutS);
+  const auto session = SOUP_SESSION(g_value_get_object(&values[0]));
+  soup_session_set_timeout(session, kEventTimeoutS);
+  if (soup_session_get_proxy_resolver(session) != guard->eventDelay_)
+    soup_session_set_proxy_resolver(session, guard->eventDelay_);
   const char* sid = soup_message_headers_get_one(soup_message_get_request_headers(message), "SID");
   const auto found = guard->subscriptions_.find(sid == nullptr ? "" : sid);
   if (found == guard->subscriptions_.end()) return TRUE;

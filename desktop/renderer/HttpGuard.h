@@ -42,6 +42,7 @@ class HttpGuard {
 
   SoupServer* const server_;
   SoupSession* const session_;
+  GProxyResolver* const eventDelay_;
   const std::string host_;
   const std::string agent_;
   const guint queuedSignal_;

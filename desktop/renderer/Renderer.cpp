@@ -1,7 +1,6 @@
 #include "Renderer.h"
 
 #include <csignal>
-#include <cstdlib>
 #include <filesystem>
 #include <future>
 
@@ -220,7 +219,6 @@ NetworkInterface chooseInterface(const RendererOptions& options, const TarqDmrSp
 
 int runTarqRenderer(const RendererOptions& options) {
   std::signal(SIGPIPE, SIG_IGN);
-  ::setenv("GIO_USE_PROXY_RESOLVER", "dummy", 1);  // events go straight to their subscribers
   TarqDmrPluginManager& host = openHost(options.host);
   const NetworkInterface interface = chooseInterface(options, *host.GetSpec());
   RunningRenderer(options, host).run(interface);

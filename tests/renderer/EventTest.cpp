@@ -111,10 +111,39 @@ struct Announcements {
   std::set<std::string> gone;
 };
 
+// GUPnP's own side of a control point.
+class GupnpContext {
+ public:
+  GupnpContext() {
+    GInetAddress* address = g_inet_address_new_from_string(kOwnAddress);
+    context_ = gupnp_context_new_full("v1", address, 0, GSSDP_UDA_VERSION_1_0, nullptr);
+    g_object_unref(address);
+  }
+  ~GupnpContext() { g_object_unref(context_); }
+  GupnpContext(const GupnpContext&) = delete;
+  GupnpContext& operator=(const GupnpContext&) = delete;
+
+  GUPnPContext* get() const { return context_; }
+
+  // Runs the loop all the time: GUPnP may lose an event that it reads late.
+  template <class Condition>
+  static bool comesTrue(Condition condition) {
+    const guint ticks = g_timeout_add(
+        10, [](gpointer) -> gboolean { return G_SOURCE_CONTINUE; }, nullptr);
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (!condition() && std::chrono::steady_clock::now() < end) g_main_context_iteration(nullptr, TRUE);
+    g_source_remove(ticks);
+    return condition();
+  }
+
+ private:
+  GUPnPContext* context_;
+};
+
 TEST(Event, SaysGoodbyeForAllThatItAnnounced) {
-  GInetAddress* address = g_inet_address_new_from_string(kOwnAddress);
-  GUPnPContext* context = gupnp_context_new_full("v1", address, 0, GSSDP_UDA_VERSION_1_0, nullptr);
-  GSSDPResourceBrowser* browser = gssdp_resource_browser_new(GSSDP_CLIENT(context), GSSDP_ALL_RESOURCES);
+  const GupnpContext context;
+  GSSDPResourceBrowser* browser =
+      gssdp_resource_browser_new(GSSDP_CLIENT(context.get()), GSSDP_ALL_RESOURCES);
   Announcements seen;
   RendererProgram program({"--port", std::to_string(kOtherPort)});
   const auto available = [](GSSDPResourceBrowser*, const char* usn, GList* locations, gpointer user) {
@@ -127,18 +156,48 @@ TEST(Event, SaysGoodbyeForAllThatItAnnounced) {
   g_signal_connect(browser, "resource-available", G_CALLBACK(+available), &seen);
   g_signal_connect(browser, "resource-unavailable", G_CALLBACK(+unavailable), &seen);
   gssdp_resource_browser_set_active(browser, TRUE);
-  const auto comesTrue = [](auto condition) {
-    return becomesTrue([&] {
-      while (g_main_context_iteration(nullptr, FALSE)) continue;
-      return condition();
-    });
-  };
-  EXPECT_TRUE(comesTrue([&] { return seen.here.size() == 6; }));
+  EXPECT_TRUE(context.comesTrue([&] { return seen.here.size() == 6; }));
   EXPECT_EQ(program.end(SIGTERM), 0);
-  EXPECT_TRUE(comesTrue([&] { return seen.gone == seen.here; }));
+  EXPECT_TRUE(context.comesTrue([&] { return seen.gone == seen.here; }));
   g_object_unref(browser);
-  g_object_unref(context);
-  g_object_unref(address);
+}
+
+void setVolume(GUPnPServiceProxy* rendering, guint volume) {
+  GUPnPServiceProxyAction* action =
+      gupnp_service_proxy_action_new("SetVolume", "InstanceID", G_TYPE_UINT, 0, "Channel", G_TYPE_STRING,
+                                     "Master", "DesiredVolume", G_TYPE_UINT, volume, nullptr);
+  EXPECT_NE(gupnp_service_proxy_call_action(rendering, action, nullptr, nullptr), nullptr);
+  EXPECT_TRUE(gupnp_service_proxy_action_get_result(action, nullptr, nullptr));
+  gupnp_service_proxy_action_unref(action);
+}
+
+TEST(Event, IsFoundControlledAndHeardByGupnp) {
+  const GupnpContext context;
+  GUPnPControlPoint* point =
+      gupnp_control_point_new(context.get(), "urn:schemas-upnp-org:device:MediaRenderer:1");
+  GUPnPServiceInfo* rendering = nullptr;
+  const auto found = [](GUPnPControlPoint*, GUPnPDeviceProxy* device, gpointer user) {
+    *static_cast<GUPnPServiceInfo**>(user) = gupnp_device_info_get_service(
+        GUPNP_DEVICE_INFO(device), "urn:schemas-upnp-org:service:RenderingControl:1");
+  };
+  g_signal_connect(point, "device-proxy-available", G_CALLBACK(+found), static_cast<gpointer>(&rendering));
+  gssdp_resource_browser_set_active(GSSDP_RESOURCE_BROWSER(point), TRUE);
+  ASSERT_TRUE(context.comesTrue([&] { return rendering != nullptr; }));
+  const auto proxy = GUPNP_SERVICE_PROXY(rendering);
+  std::string heard;
+  const auto hear = [](GUPnPServiceProxy*, const char*, GValue* value, gpointer user) {
+    *static_cast<std::string*>(user) = g_value_get_string(value);
+  };
+  gupnp_service_proxy_add_notify(proxy, "LastChange", G_TYPE_STRING, hear, &heard);
+  gupnp_service_proxy_set_subscribed(proxy, TRUE);
+  EXPECT_TRUE(context.comesTrue([&] { return gupnp_service_proxy_get_subscribed(proxy); }));
+  for (const guint volume : {71, 72}) {
+    setVolume(proxy, volume);
+    const std::string expected = "val=\"" + std::to_string(volume) + "\"";
+    EXPECT_TRUE(context.comesTrue([&] { return heard.find(expected) != std::string::npos; })) << heard;
+  }
+  g_object_unref(rendering);
+  g_object_unref(point);
 }
 
 }  // namespace

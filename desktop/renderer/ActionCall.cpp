@@ -6,6 +6,8 @@
 #include <charconv>
 #include <optional>
 
+#include "CommaList.h"
+
 namespace {
 
 constexpr struct {
@@ -85,18 +87,8 @@ void checkNumber(const StateVariable& variable, std::string_view text) {
   if (!within(type, *number)) throw ActionError{402};
 }
 
-bool isAmong(std::string_view value, std::string_view allowed) {
-  for (bool more = !allowed.empty(); more;) {
-    const size_t comma = allowed.find(',');
-    if (value == allowed.substr(0, comma)) return true;
-    more = comma != std::string_view::npos;
-    if (more) allowed.remove_prefix(comma + 1);
-  }
-  return false;
-}
-
 void checkString(const StateVariable& variable, std::string_view text) {
-  if (*variable.allowed == '\0' || isAmong(text, variable.allowed) || isAmong(text, variable.taken)) return;
+  if (*variable.allowed == '\0' || isListed(text, variable.allowed) || isListed(text, variable.taken)) return;
   throw ActionError{variable.refusal};
 }
 

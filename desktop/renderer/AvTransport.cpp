@@ -1,6 +1,6 @@
 #include "ActionCall.h"
+#include "DidlDuration.h"
 #include "Parts.h"
-#include "Times.h"
 #include "Transport.h"
 #include "TransportValues.h"
 
@@ -65,11 +65,17 @@ void play(RendererParts& parts, ActionCall& call) { parts.transport.play(call.in
 
 void pause(RendererParts& parts, ActionCall&) { parts.transport.pause(); }
 
+// Returns: where the only track begins; none for another track.
+std::optional<int> firstTrack(const std::string& number) {
+  return number == "1" ? std::optional(0) : std::nullopt;
+}
+
 void seek(RendererParts& parts, ActionCall& call) {
   const std::string& target = call.in("Target");
-  if (call.in("Unit") != "TRACK_NR") return parts.transport.seek(parseTime(target));
-  if (target != "1") throw ActionError{711};
-  parts.transport.seek(0);
+  const bool isTrack = call.in("Unit") == "TRACK_NR";
+  const std::optional<int> ms = isTrack ? firstTrack(target) : findDurationMs(target.c_str());
+  if (!ms) throw ActionError{711};
+  parts.transport.seek(*ms);
 }
 
 void next(RendererParts& parts, ActionCall&) { parts.transport.next(); }

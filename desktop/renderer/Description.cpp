@@ -1,8 +1,8 @@
 #include "Description.h"
 
 #include <pugixml.hpp>
-#include <sstream>
 
+#include "CommaList.h"
 #include "CommandError.h"
 #include "XmlText.h"
 
@@ -109,8 +109,7 @@ void addVariable(pugi::xml_node table, const StateVariable& variable, const std:
   add(node, "dataType", typeWord(variable.type));
   if (!allowed.empty()) {
     pugi::xml_node list = node.append_child("allowedValueList");
-    std::istringstream values(allowed);
-    for (std::string value; std::getline(values, value, ',');) add(list, "allowedValue", value);
+    for (const std::string_view value : splitCommas(allowed)) add(list, "allowedValue", std::string(value));
   }
   if (variable.range.isSet()) {
     pugi::xml_node range = node.append_child("allowedValueRange");
@@ -118,6 +117,10 @@ void addVariable(pugi::xml_node table, const StateVariable& variable, const std:
     add(range, "maximum", std::to_string(variable.range.most));
     add(range, "step", "1");
   }
+}
+
+std::string fileText(const pugi::xml_document& document) {
+  return "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n" + xmlText(document) + "\n";
 }
 
 }  // namespace
@@ -147,7 +150,7 @@ std::string deviceDescription(const TarqDmrSpecInterface& settings, const std::s
   dlna.text().set("DMR-1.50");
   addIcons(device);
   addServices(device);
-  return "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n" + xmlText(document) + "\n";
+  return fileText(document);
 }
 
 std::string serviceDescription(const Service& service, const std::string& playSpeeds) {
@@ -160,5 +163,5 @@ std::string serviceDescription(const Service& service, const std::string& playSp
     const bool isSpeed = std::string_view(variable.name) == "TransportPlaySpeed";
     addVariable(table, variable, isSpeed ? playSpeeds : variable.allowed);
   }
-  return "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n" + xmlText(document) + "\n";
+  return fileText(document);
 }

@@ -7,10 +7,6 @@ namespace {
 constexpr unsigned kInstance = 0;
 constexpr const char* kMaster = "Master";
 
-void require(PlayerOperation operation, int code) {
-  if (code != kPlayerOk) throw errorOfPlayer(operation, code);
-}
-
 }  // namespace
 
 void Rendering::begin(TarqDmrPlayerInterface& player) {
@@ -26,23 +22,23 @@ void Rendering::reset() {
 
 unsigned Rendering::volume(const std::string& channel) {
   unsigned volume = 0;
-  require(PlayerOperation::kOther, player_->GetVolume(kInstance, channel.c_str(), 0, &volume));
+  requireDone(PlayerOperation::kOther, player_->GetVolume(kInstance, channel.c_str(), 0, &volume));
   return volume;
 }
 
 bool Rendering::mute(const std::string& channel) {
   bool mute = false;
-  require(PlayerOperation::kOther, player_->GetMute(kInstance, channel.c_str(), mute));
+  requireDone(PlayerOperation::kOther, player_->GetMute(kInstance, channel.c_str(), mute));
   return mute;
 }
 
 void Rendering::setVolume(const std::string& channel, unsigned volume) {
-  require(PlayerOperation::kSetVolume, player_->SetVolume(kInstance, channel.c_str(), volume, 0));
+  requireDone(PlayerOperation::kSetVolume, player_->SetVolume(kInstance, channel.c_str(), volume, 0));
   refresh();
 }
 
 void Rendering::setMute(const std::string& channel, bool mute) {
-  require(PlayerOperation::kOther, player_->SetMute(kInstance, channel.c_str(), mute));
+  requireDone(PlayerOperation::kOther, player_->SetMute(kInstance, channel.c_str(), mute));
   refresh();
 }
 

@@ -3,16 +3,14 @@
 #include <cstdlib>
 #include <utility>
 
+#include "CommaList.h"
 #include "DidlDuration.h"
+#include "PlayProgress.h"
 #include "UpnpCodes.h"
 
 namespace {
 
 constexpr unsigned kInstance = 0;
-
-void require(PlayerOperation operation, int code) {
-  if (code != kPlayerOk) throw errorOfPlayer(operation, code);
-}
 
 // A string that the player allocates; empty when it has none.
 std::string playerString(TarqDmrPlayerInterface& player,
@@ -23,16 +21,9 @@ std::string playerString(TarqDmrPlayerInterface& player,
   return found;
 }
 
-bool isListed(const std::string& value, const std::string& list) {
-  return ("," + list + ",").find("," + value + ",") != std::string::npos;
-}
-
-// Of TarqRendererHandler.
 TransportState stateOfPlayer(int state) {
-  constexpr int kPlaying = 1;
-  constexpr int kPaused = 2;
-  if (state == kPlaying) return TransportState::kPlaying;
-  return state == kPaused ? TransportState::kPaused : TransportState::kStopped;
+  if (state == kStatePlaying) return TransportState::kPlaying;
+  return state == kStatePaused ? TransportState::kPaused : TransportState::kStopped;
 }
 
 }  // namespace
@@ -89,7 +80,7 @@ void Transport::play(const std::string& speed) {
 void Transport::pause() {
   if (now_.state == TransportState::kTransitioning) poll();
   if (now_.state != TransportState::kPlaying) throw ActionError{701};
-  require(PlayerOperation::kPause, player_->Pause(kInstance));
+  requireDone(PlayerOperation::kPause, player_->Pause(kInstance));
   now_.state = TransportState::kPaused;
   readTimes();
   readActions();
@@ -98,7 +89,7 @@ void Transport::pause() {
 
 void Transport::stop() {
   if (now_.current == nullptr) return;
-  require(PlayerOperation::kOther, player_->Stop(kInstance));
+  requireDone(PlayerOperation::kOther, player_->Stop(kInstance));
   now_.state = TransportState::kStopped;
   now_.seekPolls = 0;
   now_.positionMs = 0;
@@ -106,19 +97,18 @@ void Transport::stop() {
   publish(true);
 }
 
-void Transport::seek(int64_t targetMs) {
+void Transport::seek(int targetMs) {
   if (!isActive()) throw ActionError{701};
-  const bool beyond = now_.durationMs != 0 && targetMs > now_.durationMs;
-  if (beyond || targetMs > INT32_MAX) throw ActionError{711};
-  require(PlayerOperation::kSeek, player_->SeekTo(kInstance, static_cast<int>(targetMs)));
+  if (now_.durationMs != 0 && targetMs > now_.durationMs) throw ActionError{711};
+  requireDone(PlayerOperation::kSeek, player_->SeekTo(kInstance, targetMs));
   now_.seekPolls = 2;
-  now_.positionMs = static_cast<int>(targetMs);
+  now_.positionMs = targetMs;
   publish(true);
 }
 
 void Transport::next() {
   if (now_.next == nullptr) throw ActionError{711};
-  require(PlayerOperation::kOther, player_->Next(kInstance));
+  requireDone(PlayerOperation::kOther, player_->Next(kInstance));
   moveToNext();
   if (isActive()) now_.state = TransportState::kTransitioning;
   publish(true);
@@ -151,7 +141,7 @@ bool Transport::isActive() const {
 }
 
 void Transport::start(const std::string& speed) {
-  require(PlayerOperation::kPlay, player_->Start(kInstance, speed.c_str()));
+  requireDone(PlayerOperation::kPlay, player_->Start(kInstance, speed.c_str()));
   now_.state = TransportState::kTransitioning;
   now_.speed = speed;
   now_.failed = false;
@@ -160,13 +150,17 @@ void Transport::start(const std::string& speed) {
 
 void Transport::take(std::shared_ptr<const CheckedSource> source) {
   const TarqResourceInfo& resource = source->resource();
-  require(PlayerOperation::kSetSource,
-          player_->SetDataSource(kInstance, resource.uri, source->metadata.c_str(), resource.mimeType));
-  handler_->setTrackDuration(parseDurationMs(resource.duration));
+  requireDone(PlayerOperation::kSetSource,
+              player_->SetDataSource(kInstance, resource.uri, source->metadata.c_str(), resource.mimeType));
   track_ = 1;
+  makeCurrent(std::move(source));
+}
+
+void Transport::makeCurrent(std::shared_ptr<const CheckedSource> source) {
   now_.current = std::move(source);
   now_.positionMs = 0;
-  now_.durationMs = parseDurationMs(resource.duration);
+  now_.durationMs = parseDurationMs(now_.current->resource().duration);
+  handler_->setTrackDuration(now_.durationMs);
 }
 
 void Transport::setNext(std::shared_ptr<const CheckedSource> source) {
@@ -175,18 +169,15 @@ void Transport::setNext(std::shared_ptr<const CheckedSource> source) {
   } else {
     const TarqResourceInfo& resource = source->resource();
     const char* type = resource.mimeType == nullptr ? "" : resource.mimeType;
-    require(PlayerOperation::kSetSource,
-            player_->SetNextDataSource(kInstance, resource.uri, source->metadata.c_str(), type));
+    requireDone(PlayerOperation::kSetSource,
+                player_->SetNextDataSource(kInstance, resource.uri, source->metadata.c_str(), type));
   }
   now_.next = std::move(source);
 }
 
 void Transport::moveToNext() {
   ++track_;
-  now_.current = std::exchange(now_.next, nullptr);
-  now_.durationMs = parseDurationMs(now_.current->resource().duration);
-  handler_->setTrackDuration(now_.durationMs);
-  now_.positionMs = 0;
+  makeCurrent(std::exchange(now_.next, nullptr));
   readActions();
 }
 

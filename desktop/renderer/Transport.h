@@ -46,7 +46,7 @@ class Transport {
   void pause();
   void stop();
   // Units: milliseconds from the beginning of the track.
-  void seek(int64_t targetMs);
+  void seek(int targetMs);
   void next();
 
   // Returns: what was checked last, accepted or not; null: nothing yet.
@@ -66,6 +66,7 @@ class Transport {
   bool isActive() const;  // the player is at work, or paused
   void start(const std::string& speed);
   void take(std::shared_ptr<const CheckedSource> source);
+  void makeCurrent(std::shared_ptr<const CheckedSource> source);
   void setNext(std::shared_ptr<const CheckedSource> source);
   void moveToNext();
   void followTrack(TransportState state);

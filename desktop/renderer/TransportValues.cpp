@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include "Times.h"
+#include "CommaList.h"
+#include "DidlDuration.h"
 
 namespace {
 
@@ -23,13 +24,12 @@ std::string metadataOf(const std::shared_ptr<const CheckedSource>& source) {
 }
 
 std::string actionsOf(const Snapshot& now) {
-  const bool seeks = ("," + now.actions + ",").find(",Seek,") != std::string::npos;
-  return now.actions + (seeks ? ",X_DLNA_SeekTime" : "");
+  return now.actions + (isListed("Seek", now.actions) ? ",X_DLNA_SeekTime" : "");
 }
 
 std::string trackCount(const Snapshot& now) { return now.current ? "1" : "0"; }
-std::string duration(const Snapshot& now) { return timeText(now.durationMs); }
-std::string position(const Snapshot& now) { return timeText(now.positionMs); }
+std::string duration(const Snapshot& now) { return durationText(now.durationMs); }
+std::string position(const Snapshot& now) { return durationText(now.positionMs); }
 std::string currentUri(const Snapshot& now) { return uriOf(now.current); }
 std::string currentMetadata(const Snapshot& now) { return metadataOf(now.current); }
 std::string notImplemented(const Snapshot&) { return kNotImplemented; }

@@ -54,10 +54,11 @@ ActionError errorOfCheck(int code) {
   return {upnp, describe(code) + std::string(" (") + std::to_string(code) + ")"};
 }
 
-ActionError errorOfPlayer(PlayerOperation operation, int code) {
+void requireDone(PlayerOperation operation, int code) {
+  if (code == kPlayerOk) return;
   const auto row = std::ranges::find_if(kPlayerRows, [&](const auto& each) {
     return each.code == code && (each.operation == operation || each.operation == kAny);
   });
-  return {row == std::end(kPlayerRows) ? kActionFailed : row->upnp,
-          "the player answered " + std::to_string(code)};
+  throw ActionError{row == std::end(kPlayerRows) ? kActionFailed : row->upnp,
+                    "the player answered " + std::to_string(code)};
 }

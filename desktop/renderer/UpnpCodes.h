@@ -9,6 +9,7 @@ ActionError errorOfCheck(int code);  // of a check that did not accept; describe
 
 // What was asked of the player; where the same code means different errors, it decides.
 enum class PlayerOperation { kSetSource, kPlay, kPause, kSeek, kSetVolume, kOther };
-ActionError errorOfPlayer(PlayerOperation operation, int code);  // of a code other than kPlayerOk
+// Errors: ActionError for a code other than kPlayerOk.
+void requireDone(PlayerOperation operation, int code);
 
 #endif  // TARQ_UPNP_CODES_H_

@@ -3,9 +3,9 @@
 #include <cstdio>
 #include <string_view>
 
+#include "CommaList.h"
 #include "CommandError.h"
 #include "HostSession.h"
-#include "SinkEntries.h"
 #include "TextOutput.h"
 
 int runSink(const SinkOptions& options) {
@@ -16,7 +16,7 @@ int runSink(const SinkOptions& options) {
     std::puts(sink);
     return kExitOk;
   }
-  const auto entries = splitSink(sink);
+  const auto entries = splitCommas(sink);
   for (const std::string_view entry : entries) {
     std::puts(printable(entry).c_str());
   }

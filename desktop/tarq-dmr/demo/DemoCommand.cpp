@@ -6,11 +6,11 @@
 #include <string>
 #include <thread>
 
+#include "CommaList.h"
 #include "CommandError.h"
 #include "DemoServer.h"
 #include "PlayerSession.h"
 #include "ResultText.h"
-#include "SinkEntries.h"
 #include "TextOutput.h"
 
 namespace {
@@ -129,7 +129,7 @@ void Demo::showPlugin() {
 void Demo::showSink() {
   step("It says what it can play (region 1)");
   params_.SetCurrentRegion(1);
-  const auto entries = splitSink(params_.GetSinkProtocolInfo());
+  const auto entries = splitCommas(params_.GetSinkProtocolInfo());
   note("entries", std::to_string(entries.size()));
   expect(!entries.empty(), "it can play something");
   if (!entries.empty()) note("the first", std::string(entries.front()));

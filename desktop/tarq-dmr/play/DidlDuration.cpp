@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <cstdio>
 #include <string>
 #include <string_view>
 
@@ -57,4 +58,11 @@ std::optional<int> findDurationMs(const char* duration) {
   if (seconds == kNone || seconds > 59 || fraction == kNone) return std::nullopt;
   const int64_t ms = ((hours * 60 + minutes) * 60 + seconds) * 1000 + fraction;
   return static_cast<int>(std::min<int64_t>(ms, INT32_MAX));
+}
+
+std::string durationText(int ms) {
+  const int seconds = std::max(ms, 0) / 1000;
+  char text[32];
+  std::snprintf(text, sizeof text, "%d:%02d:%02d", seconds / 3600, seconds / 60 % 60, seconds % 60);
+  return text;
 }

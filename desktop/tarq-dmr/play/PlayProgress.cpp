@@ -2,11 +2,11 @@
 
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <string>
 
+#include "DidlDuration.h"
 #include "TextOutput.h"
 
 namespace {
@@ -19,18 +19,11 @@ std::string stateName(int state) {
   return "state " + std::to_string(state);
 }
 
-std::string clockTime(int ms) {
-  const int seconds = std::max(ms, 0) / 1000;
-  char clock[32];
-  std::snprintf(clock, sizeof clock, "%d:%02d:%02d", seconds / 3600, seconds / 60 % 60, seconds % 60);
-  return clock;
-}
-
 }  // namespace
 
 std::string describe(const PlayMoment& moment) {
-  const std::string whole = moment.durationMs > 0 ? clockTime(moment.durationMs) : "unknown";
-  return stateName(moment.state) + "  " + clockTime(moment.positionMs) + " / " + whole;
+  const std::string whole = moment.durationMs > 0 ? durationText(moment.durationMs) : "unknown";
+  return stateName(moment.state) + "  " + durationText(moment.positionMs) + " / " + whole;
 }
 
 PlayProgress::PlayProgress() : onTerminal_(isatty(STDOUT_FILENO) != 0) {}

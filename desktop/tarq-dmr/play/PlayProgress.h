@@ -5,7 +5,10 @@
 #include <optional>
 #include <string>
 
-inline constexpr int kStateStopped = 0;  // TarqRendererHandler.STOPPED
+// The states of TarqRendererHandler.
+inline constexpr int kStateStopped = 0;
+inline constexpr int kStatePlaying = 1;
+inline constexpr int kStatePaused = 2;
 
 // What the player reports.
 struct PlayMoment {

@@ -7,7 +7,6 @@
 struct TarqAcl {
   GObject parent;
   AccessLists* access;
-  std::string* trustedAgent;
 };
 struct TarqAclClass {
   GObjectClass parent;
@@ -50,9 +49,7 @@ void isAllowedAsync(GUPnPAcl* self, GUPnPDevice*, GUPnPService*, const char* pat
   const auto question = new Question{*acl->access, {text(address), text(agent), text(path), {}}};
   GTask* task = g_task_new(self, cancellable, callback, user);
   g_task_set_task_data(task, question, [](gpointer data) { delete static_cast<Question*>(data); });
-  const std::optional<bool> known = question->device.agent == *acl->trustedAgent
-                                        ? std::optional(true)
-                                        : acl->access->known(question->device.address);
+  const std::optional<bool> known = acl->access->known(question->device.address);
   known ? g_task_return_boolean(task, *known) : g_task_run_in_thread(task, ask);
   g_object_unref(task);
 }
@@ -80,18 +77,12 @@ void fillInterface(GUPnPAclInterface* table) {
 G_DEFINE_TYPE_WITH_CODE(TarqAcl, tarq_acl, G_TYPE_OBJECT,
                         G_IMPLEMENT_INTERFACE(GUPNP_TYPE_ACL, fillInterface))
 
-static void tarq_acl_finalize(GObject* object) {
-  delete reinterpret_cast<TarqAcl*>(object)->trustedAgent;
-  G_OBJECT_CLASS(tarq_acl_parent_class)->finalize(object);
-}
-
-static void tarq_acl_class_init(TarqAclClass* table) { G_OBJECT_CLASS(table)->finalize = tarq_acl_finalize; }
+static void tarq_acl_class_init(TarqAclClass*) {}
 
 static void tarq_acl_init(TarqAcl*) {}
 
-GUPnPAcl* newAccessAcl(AccessLists& access, const std::string& trustedAgent) {
+GUPnPAcl* newAccessAcl(AccessLists& access) {
   const auto acl = static_cast<TarqAcl*>(g_object_new(tarq_acl_get_type(), nullptr));
   acl->access = &access;
-  acl->trustedAgent = new std::string(trustedAgent);
   return GUPNP_ACL(acl);
 }

@@ -3,13 +3,11 @@
 
 #include <libgupnp/gupnp.h>
 
-#include <string>
-
 #include "AccessLists.h"
 
 // GUPnP's question who may control the renderer, answered by the access lists; a device that is new is asked for
 // on a thread.
 // Ownership: the caller unrefs it. `access` must outlive it.
-GUPnPAcl* newAccessAcl(AccessLists& access, const std::string& trustedAgent);
+GUPnPAcl* newAccessAcl(AccessLists& access);
 
 #endif  // TARQ_ACCESS_ACL_H_

@@ -5,18 +5,19 @@
 #include <string_view>
 #include <utility>
 
-#include "EventDelay.h"
-
 namespace {
 
 constexpr goffset kMostBodyBytes = goffset{8} << 20;
 constexpr size_t kMostSubscriptions = 64;
-constexpr auto kSubscriptionTime = std::chrono::seconds(300);  // what GUPnP grants, whatever is asked for
 constexpr guint kEventTimeoutS = 2;
-constexpr int kMostWaitingEvents = 16;  // of one subscription
 
 const char* requestHeader(SoupServerMessage* message, const char* name) {
   return soup_message_headers_get_one(soup_server_message_get_request_headers(message), name);
+}
+
+std::string subscriptionId(SoupMessage* event) {
+  const char* sid = soup_message_headers_get_one(soup_message_get_request_headers(event), "SID");
+  return sid == nullptr ? "" : sid;
 }
 
 bool isMethod(SoupServerMessage* message, std::string_view method) {
@@ -42,16 +43,11 @@ void refuse(SoupServerMessage* message, guint status) {
 
 }  // namespace
 
-HttpGuard::HttpGuard(SoupServer* server, std::string host, std::string agent)
+HttpGuard::HttpGuard(SoupServer* server, std::string host)
     : server_(SOUP_SERVER(g_object_ref(server))),
-      session_(soup_session_new()),
-      eventDelay_(newEventDelay()),
       host_(std::move(host)),
-      agent_(std::move(agent)),
       queuedSignal_(g_signal_lookup("request-queued", SOUP_TYPE_SESSION)),
       queuedHook_(g_signal_add_emission_hook(queuedSignal_, 0, eventQueued, this, nullptr)) {
-  soup_session_set_user_agent(session_, agent_.c_str());
-  soup_session_set_proxy_resolver(session_, nullptr);
   listenPatiently(server_);
   g_signal_connect(server_, "request-started", G_CALLBACK(started), this);
   g_signal_connect(server_, "request-read", G_CALLBACK(read), this);
@@ -61,20 +57,29 @@ HttpGuard::HttpGuard(SoupServer* server, std::string host, std::string agent)
 HttpGuard::~HttpGuard() {
   g_signal_remove_emission_hook(queuedSignal_, queuedHook_);
   g_signal_handlers_disconnect_by_data(server_, this);
-  soup_session_abort(session_);
-  g_object_unref(session_);
-  g_object_unref(eventDelay_);
   g_object_unref(server_);
 }
 
 void HttpGuard::started(SoupServer*, SoupServerMessage* message, gpointer self) {
   g_signal_connect(message, "got-headers", G_CALLBACK(gotHeaders), self);
   g_signal_connect(message, "got-chunk", G_CALLBACK(gotChunk), nullptr);
+  static_cast<HttpGuard*>(self)->forgotten_.watch(soup_server_message_get_socket(message));
 }
 
 void HttpGuard::gotHeaders(SoupServerMessage* message, gpointer self) {
-  const guint status = static_cast<HttpGuard*>(self)->refusal(message);
-  if (status != 0) refuse(message, status);
+  const auto guard = static_cast<HttpGuard*>(self);
+  const guint status = guard->refusal(message);
+  if (status != 0) return refuse(message, status);
+  if (isMethod(message, "UNSUBSCRIBE")) guard->letEventArrive(message);
+}
+
+// GUPnP 1.6 keeps what belongs to an event for good when the subscription ends while it is sent.
+void HttpGuard::letEventArrive(SoupServerMessage* unsubscribe) {
+  const char* sid = requestHeader(unsubscribe, "SID");
+  const auto found = subscriptions_.find(sid == nullptr ? "" : sid);
+  if (found == subscriptions_.end() || !found->second.isSending || found->second.end != nullptr) return;
+  found->second.end = unsubscribe;
+  soup_server_message_pause(unsubscribe);
 }
 
 // A body without a length is counted as it comes.
@@ -109,50 +114,40 @@ void HttpGuard::finished(SoupServer*, SoupServerMessage* message, gpointer self)
   auto& subscriptions = static_cast<HttpGuard*>(self)->subscriptions_;
   if (isMethod(message, "SUBSCRIBE")) {
     const char* sid = soup_message_headers_get_one(soup_server_message_get_response_headers(message), "SID");
-    if (sid == nullptr) return;
-    Subscription& subscription = subscriptions[sid];
-    subscription.path = g_uri_get_path(soup_server_message_get_uri(message));
-    subscription.ends = Clock::now() + kSubscriptionTime;
+    if (sid != nullptr) subscriptions[sid].expires = Clock::now() + kSubscriptionTime;
   } else if (isMethod(message, "UNSUBSCRIBE")) {
     if (const char* sid = requestHeader(message, "SID")) subscriptions.erase(sid);
   }
 }
 
 bool HttpGuard::hasRoomForSubscription() {
-  std::erase_if(subscriptions_, [](const auto& each) { return each.second.ends < Clock::now(); });
+  std::erase_if(subscriptions_, [](const auto& each) { return each.second.expires < Clock::now(); });
   return subscriptions_.size() < kMostSubscriptions;
 }
 
 gboolean HttpGuard::eventQueued(GSignalInvocationHint*, guint, const GValue* values, gpointer self) {
   const auto guard = static_cast<HttpGuard*>(self);
-  const auto message = SOUP_MESSAGE(g_value_get_object(&values[1]));
-  if (soup_message_get_method(message) != std::string_view("NOTIFY")) return TRUE;
+  const auto event = SOUP_MESSAGE(g_value_get_object(&values[1]));
+  if (soup_message_get_method(event) != std::string_view("NOTIFY")) return TRUE;
   const auto session = SOUP_SESSION(g_value_get_object(&values[0]));
   soup_session_set_timeout(session, kEventTimeoutS);
-  if (soup_session_get_proxy_resolver(session) != guard->eventDelay_)
-    soup_session_set_proxy_resolver(session, guard->eventDelay_);
-  const char* sid = soup_message_headers_get_one(soup_message_get_request_headers(message), "SID");
-  const auto found = guard->subscriptions_.find(sid == nullptr ? "" : sid);
-  if (found == guard->subscriptions_.end()) return TRUE;
-  g_signal_connect(message, "finished", G_CALLBACK(eventFinished), self);
-  if (++found->second.waitingEvents == kMostWaitingEvents) guard->drop(found->first);
+  if (soup_session_get_proxy_resolver(session) != guard->eventGate_.resolver())
+    soup_session_set_proxy_resolver(session, guard->eventGate_.resolver());
+  const auto [subscription, isNew] = guard->subscriptions_.try_emplace(subscriptionId(event));
+  if (isNew) guard->eventGate_.openFor(soup_message_get_uri(event));
+  subscription->second.isSending = true;
+  g_signal_connect(event, "finished", G_CALLBACK(eventFinished), self);
   return TRUE;
 }
 
 // A message that libsoup sends again finishes twice.
-void HttpGuard::eventFinished(SoupMessage* message, gpointer self) {
-  g_signal_handlers_disconnect_by_data(message, self);
-  auto& subscriptions = static_cast<HttpGuard*>(self)->subscriptions_;
-  const char* sid = soup_message_headers_get_one(soup_message_get_request_headers(message), "SID");
-  const auto found = subscriptions.find(sid);
-  if (found != subscriptions.end()) --found->second.waitingEvents;
-}
-
-// GUPnP has no call for it.
-void HttpGuard::drop(const std::string& sid) {
-  const std::string url = "http://" + host_ + subscriptions_[sid].path;
-  SoupMessage* message = soup_message_new("UNSUBSCRIBE", url.c_str());
-  soup_message_headers_replace(soup_message_get_request_headers(message), "SID", sid.c_str());
-  soup_session_send_async(session_, message, G_PRIORITY_DEFAULT, nullptr, nullptr, nullptr);
-  g_object_unref(message);
+void HttpGuard::eventFinished(SoupMessage* event, gpointer self) {
+  g_signal_handlers_disconnect_by_data(event, self);
+  const auto guard = static_cast<HttpGuard*>(self);
+  if (soup_message_get_status(event) == SOUP_STATUS_NONE)
+    guard->eventGate_.closeFor(soup_message_get_uri(event));
+  const auto found = guard->subscriptions_.find(subscriptionId(event));
+  if (found == guard->subscriptions_.end()) return;
+  found->second.isSending = false;
+  if (SoupServerMessage* end = std::exchange(found->second.end, nullptr)) soup_server_message_unpause(end);
 }

@@ -161,12 +161,9 @@ UpnpDevice::UpnpDevice(const NetworkInterface& interface, int port, const std::s
   parts_->context.reset(gupnp_context_new_full(interface.name.c_str(), address.get(),
                                                static_cast<guint16>(port), GSSDP_UDA_VERSION_1_0, &error));
   check("cannot be a renderer at " + place);
-  gchar* token = g_uuid_string_random();
-  const std::string agent = std::string("tarq-dmr/") + token;
-  g_free(token);
-  const Owner<GUPnPAcl> acl(newAccessAcl(access, agent));
+  const Owner<GUPnPAcl> acl(newAccessAcl(access));
   gupnp_context_set_acl(parts_->context.get(), acl.get());
-  parts_->guard = std::make_unique<HttpGuard>(gupnp_context_get_server(parts_->context.get()), place, agent);
+  parts_->guard = std::make_unique<HttpGuard>(gupnp_context_get_server(parts_->context.get()), place);
   parts_->device.reset(gupnp_root_device_new(parts_->context.get(), "device.xml", folder.c_str(), &error));
   check("cannot offer the renderer's description");
   for (const Service* service : kServices) parts_->connect(*service);

@@ -21,7 +21,7 @@ final class ExternalProgram {
   private static final Pattern PLAYABLE = Pattern.compile("(?i)https?://.*", Pattern.DOTALL);
   private static final long GRACE_NS = TimeUnit.SECONDS.toNanos(2);
   private static final long POLL_MS = 10;
-  // Those whose parent has ended already are no descendants of this process any more.
+  // A program whose parent has ended is not a descendant of this process any more.
   private static final Set<ProcessHandle> ENDING = ConcurrentHashMap.newKeySet();
 
   private final List<String> arguments = new ArrayList<>();

@@ -115,7 +115,7 @@ final class MpvProcess {
         listener.received(this, JsonParser.parseString(line).getAsJsonObject());
       }
     } catch (IOException | JsonParseException | IllegalStateException e) {
-      // Without a connection there is no use for this mpv.
+      // Without a connection this mpv is useless.
     }
     listener.ended(this, close());
   }

@@ -4,8 +4,8 @@
 #include <mutex>
 #include <string>
 
-#include "BatchProgress.h"
 #include "BatchSummary.h"
+#include "RateProgress.h"
 
 // What standard output gets of a batch.
 enum class BatchResults { kLines, kSummaryText, kSummaryJson };
@@ -17,7 +17,7 @@ class BatchOutput {
  public:
   BatchOutput(BatchResults results, std::optional<uint64_t> inputBytes)
       : results_(results),
-        progress_(inputBytes),
+        inputBytes_(inputBytes),
         counts_(results != BatchResults::kLines || progress_.isShown()) {}
 
   // Flushes by itself every now and then, so that a slow check does not hold back the results before it.
@@ -32,12 +32,14 @@ class BatchOutput {
  private:
   void write();
   void writeEnd();
+  std::string percent(uint64_t inputEnd) const;
 
   const BatchResults results_;
-  std::mutex mutex_;  // for all below
+  const std::optional<uint64_t> inputBytes_;  // of the whole input, if known
+  std::mutex mutex_;                          // for all below
   std::string pending_;
-  BatchProgress::Clock::time_point flushed_ = BatchProgress::Clock::now();
-  BatchProgress progress_;
+  RateProgress::Clock::time_point flushed_ = RateProgress::Clock::now();
+  RateProgress progress_{"lines"};
   const bool counts_;  // otherwise nobody sees the summary
   BatchSummary summary_;
   bool hasEnded_ = false;

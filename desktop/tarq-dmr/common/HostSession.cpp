@@ -7,6 +7,7 @@
 #include <new>
 
 #include "CommandError.h"
+#include "InstalledLibrary.h"
 #include "TextOutput.h"
 #include "VondHspClient.h"
 
@@ -25,21 +26,20 @@ void writeLogLine(const __android_logger_data* data, const char* message) {
   __android_log_stderr_logger(data, printable(message).c_str());
 }
 
+// A path with a "/" in it, so that the loader does not look for the library elsewhere.
+fs::path pluginPath(const HostOptions& options) {
+  if (!options.pluginPath.empty()) return fs::absolute(options.pluginPath);
+  return installedLibrary("libtarq_dmr_plugin.so");
+}
+
+}  // namespace
+
 void setLogLevel(const std::string& level) {
   const auto found = std::find(kLogLevels.begin(), kLogLevels.end(), level);
   if (found == kLogLevels.end()) throw CommandError("unknown log level: " + level);
   __android_log_set_logger(writeLogLine);
   __android_log_set_minimum_priority(kLogPriorities[static_cast<size_t>(found - kLogLevels.begin())]);
 }
-
-// A path with a "/" in it, so that the loader does not look for the library elsewhere.
-fs::path pluginPath(const HostOptions& options) {
-  if (!options.pluginPath.empty()) return fs::absolute(options.pluginPath);
-  const fs::path binFolder = fs::read_symlink("/proc/self/exe").parent_path();
-  return (binFolder / "../lib/libtarq_dmr_plugin.so").lexically_normal();
-}
-
-}  // namespace
 
 TarqDmrPluginManager& openHost(const HostOptions& options) {
   setLogLevel(options.logLevel);

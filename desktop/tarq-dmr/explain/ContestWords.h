@@ -18,6 +18,13 @@ std::string exclusionReason(const Explanation& explanation, size_t index);
 std::optional<WhatIf> changeToEnter(const Explanation& explanation, size_t index);
 std::string wouldBe(const WhatIf& change);  // "would be AVC_TTS in region 2"
 
+// The first element that a single change would let in, with the change.
+struct ResChange {
+  int index;
+  WhatIf change;
+};
+std::optional<ResChange> firstChange(const Explanation& explanation);
+
 // The candidate with the most points after the winner, or -1.
 int secondOf(const Explanation& explanation);
 

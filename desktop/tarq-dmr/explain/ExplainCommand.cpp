@@ -11,12 +11,16 @@
 
 namespace {
 
+Asking askingOf(const ExplainOptions& options) {
+  return options.probe ? Asking::kWhenUnclear : Asking::kNever;
+}
+
 int explainOne(TarqDmrParamsInterface& params, const ExplainOptions& options) {
   std::optional<std::string> didl;
   if (options.metadataFile) didl = readMetadata(*options.metadataFile);
   const char* metadata = didl ? didl->c_str() : nullptr;
   const Explanation explanation =
-      explain(params, options.uri.c_str(), metadata, options.region, options.probe);
+      explain(params, options.uri.c_str(), metadata, options.region, askingOf(options));
   requireNoShortage();
   if (options.json) {
     JsonWriter json(stdout);
@@ -31,7 +35,7 @@ int explainOne(TarqDmrParamsInterface& params, const ExplainOptions& options) {
 int explainBatch(TarqDmrParamsInterface& params, const ExplainOptions& options) {
   const auto answer = [&](JsonWriter& json, const BatchRequest& request) {
     const Explanation explanation =
-        explain(params, request.uri, request.metadata, request.region, options.probe);
+        explain(params, request.uri, request.metadata, request.region, askingOf(options));
     writeExplanation(json, explanation);
     const TarqResourceInfo* resource = explanation.verdict.resource();
     BatchOutcome outcome{.code = explanation.verdict.code};

@@ -92,11 +92,18 @@ struct Explanation {
   }
 };
 
-// `params` is the plug-in's; its region becomes `region`. With `probe` the check may ask the server.
+// Whether a server may be asked.
+enum class Asking {
+  kNever,
+  kAsTheCheck,   // by the check
+  kWhenUnclear,  // and once more where the check's result code does not say enough about its answer
+};
+
+// `params` is the plug-in's; its region becomes `region`.
 // Null: `metadata` may be null.
 // Ownership: `uri` must outlive the result.
 Explanation explain(TarqDmrParamsInterface& params, const char* uri, const char* metadata, int32_t region,
-                    bool probe);
+                    Asking asking);
 
 // Step by step for people; the last line is the verdict.
 std::string explanationText(const Explanation& explanation);

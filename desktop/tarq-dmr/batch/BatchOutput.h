@@ -4,8 +4,8 @@
 #include <mutex>
 #include <string>
 
+#include "BatchListener.h"
 #include "BatchProgress.h"
-#include "BatchSummary.h"
 
 // What standard output gets of a batch.
 enum class BatchResults { kLines, kSummaryText, kSummaryJson };
@@ -15,10 +15,12 @@ enum class BatchResults { kLines, kSummaryText, kSummaryJson };
 // Errors: CommandError when standard output cannot be written.
 class BatchOutput {
  public:
-  BatchOutput(BatchResults results, std::optional<uint64_t> inputBytes)
+  // Null: nobody listens.
+  BatchOutput(BatchResults results, std::optional<uint64_t> inputBytes, BatchListener* listener)
       : results_(results),
+        listener_(listener),
         progress_(inputBytes),
-        counts_(results != BatchResults::kLines || progress_.isShown()) {}
+        counts_(results != BatchResults::kLines || progress_.isShown() || listener != nullptr) {}
 
   // Flushes by itself every now and then, so that a slow check does not hold back the results before it.
   // `inputEnd`: bytes of the input up to the end of the line that was answered.
@@ -34,6 +36,7 @@ class BatchOutput {
   void writeEnd();
 
   const BatchResults results_;
+  BatchListener* const listener_;
   std::mutex mutex_;  // for all below
   std::string pending_;
   BatchProgress::Clock::time_point flushed_ = BatchProgress::Clock::now();

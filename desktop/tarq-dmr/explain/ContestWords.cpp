@@ -90,6 +90,11 @@ std::string wouldBe(const WhatIf& change) {
   return std::string("would be ") + change.format + " " + change.words;
 }
 
+std::string exclusionText(const Explanation& explanation, size_t index) {
+  const std::optional<WhatIf> change = changeToEnter(explanation, index);
+  return exclusionReason(explanation, index) + (change ? "; " + wouldBe(*change) : "");
+}
+
 std::string leadWords(const Explanation& explanation) {
   if (explanation.choice.winner < 0) return "no candidate has more than 0";
   return explanation.choice.contest == ResContestKind::kMpo ? leadByRank(explanation)

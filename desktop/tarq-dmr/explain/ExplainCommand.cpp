@@ -4,14 +4,15 @@
 
 #include "BatchRun.h"
 #include "CommandError.h"
-#include "Explanation.h"
+#include "ExplainReport.h"
 #include "InputFile.h"
 #include "JsonWriter.h"
-#include "ResultJson.h"
 
 namespace {
 
 int explainOne(TarqDmrParamsInterface& params, const ExplainOptions& options) {
+  std::optional<HtmlReport> report;
+  if (options.htmlFile) report.emplace(*options.htmlFile);
   std::optional<std::string> didl;
   if (options.metadataFile) didl = readMetadata(*options.metadataFile);
   const char* metadata = didl ? didl->c_str() : nullptr;
@@ -25,21 +26,23 @@ int explainOne(TarqDmrParamsInterface& params, const ExplainOptions& options) {
   } else {
     std::fputs(explanationText(explanation).c_str(), stdout);
   }
+  if (report) writeReport(*report, explanation);
   return explanation.verdict.code.value_or(kAccepted) == kAccepted ? kExitOk : kExitRefused;
 }
 
 int explainBatch(TarqDmrParamsInterface& params, const ExplainOptions& options) {
+  std::optional<ExplainReport> report;
+  if (options.htmlFile) report.emplace(*options.htmlFile, *options.batchFile);
   const auto answer = [&](JsonWriter& json, const BatchRequest& request) {
     const Explanation explanation =
         explain(params, request.uri, request.metadata, request.region, options.probe);
     writeExplanation(json, explanation);
-    const TarqResourceInfo* resource = explanation.verdict.resource();
     BatchOutcome outcome{.code = explanation.verdict.code};
-    const char* format = resource == nullptr ? explanation.format() : formatOf(*resource);
-    if (format != nullptr) outcome.format = format;
+    if (const char* format = explanation.playedFormat()) outcome.format = format;
+    if (report) outcome.item = itemJson(explanation);
     return outcome;
   };
-  runBatch(params, options, answer);
+  runBatch(params, options, answer, report ? &*report : nullptr);
   return kExitOk;
 }
 

@@ -9,6 +9,7 @@
 
 #include "CheckRules.h"
 #include "Metadata.h"
+#include "ResultJson.h"
 #include "TarqDlnaResSelection.h"
 #include "TarqDmrParamsInterface.h"
 #include "VondHspClient.h"
@@ -90,6 +91,10 @@ struct Explanation {
   const char* format() const {  // of the winner
     return choice.winner < 0 ? nullptr : records[static_cast<size_t>(choice.winner)].format;
   }
+  const char* playedFormat() const {  // of what is accepted; otherwise of the winner
+    const TarqResourceInfo* resource = verdict.resource();
+    return resource == nullptr ? format() : formatOf(*resource);
+  }
 };
 
 // `params` is the plug-in's; its region becomes `region`. With `probe` the check may ask the server.
@@ -104,8 +109,14 @@ std::string explanationText(const Explanation& explanation);
 // The choice on one line.
 std::string choiceLine(const Explanation& explanation);
 
+// Why one that is refused is refused.
+std::string refusedText(const Explanation& explanation);
+
 class JsonWriter;
 // One object, its keys in the order of the steps.
 void writeExplanation(JsonWriter& json, const Explanation& explanation);
+
+// What a page shows of it, as one object of limited size: the contest with its points, everything else in words.
+std::string itemJson(const Explanation& explanation);
 
 #endif  // TARQ_DMR_EXPLANATION_H_

@@ -208,11 +208,7 @@ std::string RunningRenderer::eventedValue(const Service& service, const std::str
 NetworkInterface chooseInterface(const RendererOptions& options, const TarqDmrSpecInterface& settings) {
   if (!options.interfaceName.empty()) return findInterface(options.interfaceName);
   const std::string usual = settings.GetDefaultNwIf();
-  if (hasInterface(usual)) return findInterface(usual);
-  const std::string routed = defaultRouteInterface();
-  if (routed.empty())
-    throw CommandError("there is no default route; name a network interface with --interface");
-  return findInterface(routed);
+  return hasInterface(usual) ? findInterface(usual) : findRoutedInterface();
 }
 
 }  // namespace

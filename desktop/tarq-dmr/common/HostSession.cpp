@@ -7,6 +7,7 @@
 #include <new>
 
 #include "CommandError.h"
+#include "InstalledLibrary.h"
 #include "TextOutput.h"
 #include "VondHspClient.h"
 
@@ -35,8 +36,7 @@ void setLogLevel(const std::string& level) {
 // A path with a "/" in it, so that the loader does not look for the library elsewhere.
 fs::path pluginPath(const HostOptions& options) {
   if (!options.pluginPath.empty()) return fs::absolute(options.pluginPath);
-  const fs::path binFolder = fs::read_symlink("/proc/self/exe").parent_path();
-  return (binFolder / "../lib/libtarq_dmr_plugin.so").lexically_normal();
+  return installedLibrary("libtarq_dmr_plugin.so");
 }
 
 }  // namespace

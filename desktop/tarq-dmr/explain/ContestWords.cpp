@@ -95,6 +95,15 @@ std::string exclusionText(const Explanation& explanation, size_t index) {
   return exclusionReason(explanation, index) + (change ? "; " + wouldBe(*change) : "");
 }
 
+std::optional<ResChange> firstChange(const Explanation& explanation) {
+  for (size_t i = 0; i < explanation.records.size(); ++i) {
+    if (!isOut(explanation.records[i].score.rule)) continue;
+    std::optional<WhatIf> change = changeToEnter(explanation, i);
+    if (change) return ResChange{static_cast<int>(i), *std::move(change)};
+  }
+  return std::nullopt;
+}
+
 std::string leadWords(const Explanation& explanation) {
   if (explanation.choice.winner < 0) return "no candidate has more than 0";
   return explanation.choice.contest == ResContestKind::kMpo ? leadByRank(explanation)

@@ -20,6 +20,13 @@ std::string wouldBe(const WhatIf& change);  // "would be AVC_TTS in region 2"
 // Both in one line.
 std::string exclusionText(const Explanation& explanation, size_t index);
 
+// The first element that a single change would let in, with the change.
+struct ResChange {
+  int index;
+  WhatIf change;
+};
+std::optional<ResChange> firstChange(const Explanation& explanation);
+
 // The candidate with the most points after the winner, or -1.
 int secondOf(const Explanation& explanation);
 

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "CheckFacts.h"
 #include "ContestWords.h"
 #include "ExplainWords.h"
 #include "JsonObject.h"
@@ -9,11 +10,8 @@
 namespace {
 
 constexpr size_t kMostUriBytes = 1000;
+constexpr size_t kMostWordBytes = 60;
 constexpr size_t kMostRes = 24;
-
-void addShown(JsonObject& object, std::string_view key, const char* string, size_t limitBytes = 160) {
-  if (string != nullptr) object.add(key, shown(string, limitBytes));
-}
 
 // "image/jpeg, JPEG_TN, 160x120"
 std::string aboutRes(const TarqDlnaResMetadata& record) {
@@ -21,7 +19,7 @@ std::string aboutRes(const TarqDlnaResMetadata& record) {
   std::string words;
   for (const char* part : {record.mimeType.c_str(), record.dlnaPn.c_str(), record.orsaPn.c_str(),
                            record.aribPn.c_str(), record.extension.c_str(), record.resolution}) {
-    if (part != nullptr && *part != '\0') words += (words.empty() ? "" : ", ") + shown(part, 60);
+    if (part != nullptr && *part != '\0') words += (words.empty() ? "" : ", ") + shown(part, kMostWordBytes);
   }
   return words;
 }
@@ -48,7 +46,7 @@ void writeRes(JsonObject& object, const Explanation& explanation, size_t i) {
   object.add("about", aboutRes(record));
   if (isOut(record.score.rule)) return object.add("out", exclusionText(explanation, i));
   object.add("rule", ruleWords(record.score.rule));
-  addShown(object, "format", record.format);
+  if (record.format != nullptr) object.add("format", record.format);
   if (explanation.choice.contest == ResContestKind::kMpo)
     return object.add("played", mpoWords(record.score.mpo));
   writePoints(object, record.score);
@@ -69,21 +67,17 @@ void writeContest(JsonObject& object, const Explanation& explanation) {
   object.addIndex("winner", explanation.choice.winner);
 }
 
-// What made the choice; of a resource that is refused, what it failed on.
-std::string why(const Explanation& explanation) {
-  const bool refused = explanation.verdict.code.value_or(kAccepted) != kAccepted;
-  return refused ? refusedText(explanation) : choiceLine(explanation);
-}
-
-void writeItem(JsonObject& object, const Explanation& explanation) {
-  addShown(object, "title", explanation.metadata.title);
-  addShown(object, "uri", explanation.uri.text, kMostUriBytes);
+void writeItem(JsonObject& object, const CheckFacts& facts, const std::string& title) {
+  const Explanation& explanation = *facts.explanation;
+  if (!title.empty()) object.add("title", shown(title.c_str()));
+  object.add("uri", shown(explanation.uri.text, kMostUriBytes));
   object.add("region", explanation.region);
-  object.add("kind", categoryWord(explanation.choice.kind));
+  object.add("kind", facts.kind);
   const auto& code = explanation.verdict.code;
   code ? object.add("code", *code) : object.addNull("code");
-  if (code.value_or(kAccepted) == kAccepted) addShown(object, "format", explanation.playedFormat());
-  object.add("why", why(explanation));
+  if (!facts.format.empty()) object.add("format", shown(facts.format.c_str(), kMostWordBytes));
+  const bool refused = facts.state == CheckState::kDoesNotPlay;
+  object.add("why", refused ? refusedText(explanation) : facts.line);
   if (explanation.choice.contestHeld()) writeContest(object, explanation);
   const std::vector<size_t> indices = resToShow(explanation);
   object.addObjects("res", indices.size(),
@@ -94,11 +88,11 @@ void writeItem(JsonObject& object, const Explanation& explanation) {
 
 }  // namespace
 
-std::string itemJson(const Explanation& explanation) {
+std::string itemJson(const CheckFacts& facts, const std::string& title) {
   JsonWriter json;
   {
     JsonObject object(json);
-    writeItem(object, explanation);
+    writeItem(object, facts, title);
   }
   return json.take();
 }

@@ -1,5 +1,7 @@
 #include "ExplainReport.h"
 
+#include "Explanation.h"
+
 namespace {
 
 std::vector<ReportBar> bars(const std::vector<BatchCount>& counts) {
@@ -24,9 +26,15 @@ void ExplainReport::end(const BatchSummary& summary) {
                ""});
 }
 
-void writeReport(HtmlReport& report, const Explanation& explanation) {
-  report.add(itemJson(explanation));
+std::string reportItem(const CheckFacts& facts) {
+  const char* title = facts.explanation->metadata.title;
+  return itemJson(facts, title == nullptr ? "" : title);
+}
+
+void writeReport(HtmlReport& report, const CheckFacts& facts) {
+  const Explanation& explanation = *facts.explanation;
   const char* title = explanation.metadata.title;
+  report.add(reportItem(facts));
   report.end({title == nullptr ? "What plays, and why" : title,
               explanation.uri.text,
               {},

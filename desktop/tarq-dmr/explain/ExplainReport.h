@@ -4,7 +4,7 @@
 #include <string>
 
 #include "BatchListener.h"
-#include "Explanation.h"
+#include "CheckFacts.h"
 #include "HtmlReport.h"
 
 // Explanations as a page of HTML.
@@ -25,6 +25,8 @@ class ExplainReport : public BatchListener {
 };
 
 // Of one resource: also step by step.
-void writeReport(HtmlReport& report, const Explanation& explanation);
+void writeReport(HtmlReport& report, const CheckFacts& facts);
+
+std::string reportItem(const CheckFacts& facts);
 
 #endif  // TARQ_DMR_EXPLAIN_REPORT_H_

@@ -137,23 +137,13 @@ std::string chosenText(int resIndex, const char* format) {
          (format == nullptr ? "no format" : std::string("format ") + format);
 }
 
-// The first change that would let some element play. Empty: none would.
-std::string firstChange(const Explanation& explanation) {
-  for (size_t i = 0; i < explanation.records.size(); ++i) {
-    if (!isOut(explanation.records[i].score.rule)) continue;
-    const std::optional<WhatIf> change = changeToEnter(explanation, i);
-    if (change) return resText(static_cast<int>(i)) + " " + wouldBe(*change);
-  }
-  return "";
-}
-
 // Why no element was chosen.
 std::string finding(const Explanation& explanation) {
   const MetadataFacts& metadata = explanation.metadata;
   if (metadata.state != MetadataState::kRead) return "the metadata offers nothing: " + shownWords(metadata);
   if (!explanation.choice.contestHeld()) return "no res is photo, music or video";
-  const std::string change = firstChange(explanation);
-  return change.empty() ? "no res plays" : change;
+  const std::optional<ResChange> first = firstChange(explanation);
+  return first ? resText(first->index) + " " + wouldBe(first->change) : "no res plays";
 }
 
 std::string undecidedText(const Explanation& explanation) {

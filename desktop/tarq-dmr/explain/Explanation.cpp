@@ -96,23 +96,23 @@ AnswerFacts askAgain(const ProbeFacts& probe) {
 }
 
 Verdict decide(TarqDmrParamsInterface& params, const Explanation& explanation, const char* metadata,
-               bool mayProbe) {
+               Asking asking) {
   Verdict verdict;
   const bool needsServer = explanation.probe && explanation.probe->isHttp;
-  if (needsServer && !mayProbe) return verdict;
+  if (needsServer && asking == Asking::kNever) return verdict;
   // Already set in a batch, where several threads may be here.
   if (params.GetCurrentRegion() != explanation.region) params.SetCurrentRegion(explanation.region);
   verdict.checker = newChecker(params);
   verdict.code = verdict.checker->CheckResource(explanation.uri.text, metadata);
   const bool unclear = verdict.code == kNothingPlayable || verdict.code == kServerError;
-  if (needsServer && unclear) verdict.answer = askAgain(*explanation.probe);
+  if (needsServer && unclear && asking == Asking::kWhenUnclear) verdict.answer = askAgain(*explanation.probe);
   return verdict;
 }
 
 }  // namespace
 
 Explanation explain(TarqDmrParamsInterface& params, const char* uri, const char* metadata, int32_t region,
-                    bool probe) {
+                    Asking asking) {
   Explanation explanation;
   explanation.region = region;
   explanation.uri = readUri(uri);
@@ -122,6 +122,6 @@ Explanation explain(TarqDmrParamsInterface& params, const char* uri, const char*
     if (object != nullptr) choose(object, explanation);
     if (isProbed(explanation.uri.homeNetwork, metadata)) explanation.probe = planProbe(explanation);
   }
-  explanation.verdict = decide(params, explanation, metadata, probe);
+  explanation.verdict = decide(params, explanation, metadata, asking);
   return explanation;
 }

@@ -9,7 +9,6 @@
 
 #include "CheckRules.h"
 #include "Metadata.h"
-#include "ResultJson.h"
 #include "TarqDlnaResSelection.h"
 #include "TarqDmrParamsInterface.h"
 #include "VondHspClient.h"
@@ -91,17 +90,20 @@ struct Explanation {
   const char* format() const {  // of the winner
     return choice.winner < 0 ? nullptr : records[static_cast<size_t>(choice.winner)].format;
   }
-  const char* playedFormat() const {  // of what is accepted; otherwise of the winner
-    const TarqResourceInfo* resource = verdict.resource();
-    return resource == nullptr ? format() : formatOf(*resource);
-  }
 };
 
-// `params` is the plug-in's; its region becomes `region`. With `probe` the check may ask the server.
+// Whether a server may be asked.
+enum class Asking {
+  kNever,
+  kAsTheCheck,   // by the check
+  kWhenUnclear,  // and once more where the check's result code does not say enough about its answer
+};
+
+// `params` is the plug-in's; its region becomes `region`.
 // Null: `metadata` may be null.
 // Ownership: `uri` must outlive the result.
 Explanation explain(TarqDmrParamsInterface& params, const char* uri, const char* metadata, int32_t region,
-                    bool probe);
+                    Asking asking);
 
 // Step by step for people; the last line is the verdict.
 std::string explanationText(const Explanation& explanation);
@@ -115,8 +117,5 @@ std::string refusedText(const Explanation& explanation);
 class JsonWriter;
 // One object, its keys in the order of the steps.
 void writeExplanation(JsonWriter& json, const Explanation& explanation);
-
-// What a page shows of it, as one object of limited size: the contest with its points, everything else in words.
-std::string itemJson(const Explanation& explanation);
 
 #endif  // TARQ_DMR_EXPLANATION_H_

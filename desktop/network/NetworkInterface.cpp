@@ -53,6 +53,19 @@ std::string hardwareDigits(const std::string& name) {
   return digits;
 }
 
+// Returns: its name; empty when there is no default route.
+std::string routedInterface() {
+  std::ifstream routes("/proc/net/route");
+  std::string line;
+  while (std::getline(routes, line)) {
+    std::istringstream fields(line);
+    std::string name;
+    std::string destination;
+    if (fields >> name >> destination && destination == "00000000") return name;
+  }
+  return {};
+}
+
 }  // namespace
 
 NetworkInterface findInterface(const std::string& name) {
@@ -64,16 +77,11 @@ NetworkInterface findInterface(const std::string& name) {
 
 bool hasInterface(const std::string& name) { return if_nametoindex(name.c_str()) != 0; }
 
-std::string defaultRouteInterface() {
-  std::ifstream routes("/proc/net/route");
-  std::string line;
-  while (std::getline(routes, line)) {
-    std::istringstream fields(line);
-    std::string name;
-    std::string destination;
-    if (fields >> name >> destination && destination == "00000000") return name;
-  }
-  return {};
+NetworkInterface findRoutedInterface() {
+  const std::string routed = routedInterface();
+  if (routed.empty())
+    throw CommandError("there is no default route; name a network interface with --interface");
+  return findInterface(routed);
 }
 
 std::string distinctDigits(const std::string& hexDigits, int distance) {

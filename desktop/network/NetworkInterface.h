@@ -15,8 +15,9 @@ NetworkInterface findInterface(const std::string& name);
 
 bool hasInterface(const std::string& name);
 
-// Returns: the name of the interface that the default route uses; empty when there is no such route.
-std::string defaultRouteInterface();
+// Returns: the interface that the default route uses.
+// Errors: CommandError when there is no such route, or when the interface has no IPv4 address.
+NetworkInterface findRoutedInterface();
 
 // Returns: other digits for each distance, for several renderers on one interface; the same ones for 0.
 std::string distinctDigits(const std::string& hexDigits, int distance);

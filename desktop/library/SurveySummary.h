@@ -1,0 +1,89 @@
+#ifndef TARQ_SURVEY_SUMMARY_H_
+#define TARQ_SURVEY_SUMMARY_H_
+
+#include <array>
+#include <compare>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "SurveyedItem.h"
+
+// The counts of a survey. The strings come from the server: as it wrote them, not harmless for a terminal.
+// A server that makes up names does not make it grow: after some hundred, the rest are counted as kOthers.
+
+inline constexpr const char* kOthers = "(others)";
+
+// The first item that was counted.
+struct SurveyExample {
+  std::string id;
+  std::string title;
+  std::string uri;
+  std::string line;  // the choice for it, on one line
+};
+
+struct StateCounts {
+  std::array<int64_t, 3> items{};  // by CheckState
+
+  int64_t& operator[](CheckState state) { return items[static_cast<size_t>(state)]; }
+  int64_t operator[](CheckState state) const { return items[static_cast<size_t>(state)]; }
+  int64_t total() const { return items[0] + items[1] + items[2]; }
+};
+
+struct FormatKind {
+  std::string kind;
+  std::string format;
+  auto operator<=>(const FormatKind&) const = default;
+};
+
+struct ReasonKey {
+  CheckState state;
+  std::string key;
+  auto operator<=>(const ReasonKey&) const = default;
+};
+struct ReasonCount {
+  int64_t items = 0;
+  std::string words;
+  SurveyExample example;
+};
+
+struct ChangeKey {
+  std::string key;
+  std::string value;
+  auto operator<=>(const ChangeKey&) const = default;
+};
+struct ChangeCount {
+  int64_t items = 0;
+  std::string words;
+  SurveyExample example;
+};
+
+struct RegionSummary {
+  int32_t region;
+  StateCounts totals = {};
+  std::map<FormatKind, StateCounts> formats = {};
+  std::map<ReasonKey, ReasonCount> reasons = {};
+  std::map<ChangeKey, ChangeCount> changes = {};
+};
+
+// What one item is in the regions, in their order, where it is not the same in all.
+using RegionPattern = std::vector<std::string>;  // "plays as MPEG4"
+struct PatternCount {
+  int64_t items = 0;
+  SurveyExample example;
+};
+
+struct SurveySummary {
+  explicit SurveySummary(const std::vector<int32_t>& surveyed) {
+    for (const int32_t region : surveyed) regions.push_back({.region = region});
+  }
+  void add(const SurveyedItem& item);
+
+  int64_t items = 0;
+  int64_t references = 0;              // of them: items that are elsewhere in the library, too
+  std::vector<RegionSummary> regions;  // in the order of the survey
+  std::map<RegionPattern, PatternCount> differences;
+};
+
+#endif  // TARQ_SURVEY_SUMMARY_H_

@@ -150,6 +150,7 @@ std::string deviceDescription(const TarqDmrSpecInterface& settings, const std::s
   dlna.text().set("DMR-1.50");
   addIcons(device);
   addServices(device);
+  add(device, "presentationURL", kPagePath);
   return fileText(document);
 }
 

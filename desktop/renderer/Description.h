@@ -6,6 +6,9 @@
 #include "ServiceTable.h"
 #include "TarqDmrSpecInterface.h"
 
+// Where the device has a page for people.
+inline constexpr const char* kPagePath = "/page";
+
 // The documents that describe the renderer to control points.
 
 // Returns: "uuid:..." with 12 hexadecimal digits of its own in the plug-in's format.

@@ -12,6 +12,7 @@
 #include "EventSender.h"
 #include "MainLoop.h"
 #include "Metadata.h"
+#include "PageData.h"
 #include "Parts.h"
 #include "PlayerSession.h"
 #include "ProgramPath.h"
@@ -41,19 +42,23 @@ class RunningRenderer : public UpnpDeviceOwner {
   void act(std::unique_ptr<PendingAction> action) override;
   void refused(const PendingAction& action) override;
   std::string eventedValue(const Service& service, const std::string& variable) override;
+  std::string pageData(int64_t after) override;
 
   PlayerChoice choosePlayer() const;
   void startPlayer();
   void writeDescription(const std::string& hexDigits);
   void performOn(Worker& worker, const std::shared_ptr<PendingAction>& action);
   std::shared_ptr<const LoggedChoice> explainChoice() const;
+  void keep(const PendingAction& done, std::chrono::microseconds took, const LoggedChoice* choice);
 
   const RendererOptions& options_;
   TarqDmrPluginManager& host_;
   TarqDmrParamsInterface& params_;
   const std::string sink_;
+  const std::string name_;
   MainLoop loop_;
   const RequestLog log_;
+  RequestHistory history_;
   AccessDecision decision_;
   AccessLists access_;
   EventSender transportEvents_;
@@ -94,6 +99,7 @@ RunningRenderer::RunningRenderer(const RendererOptions& options, TarqDmrPluginMa
       host_(host),
       params_(*host.GetParams()),
       sink_(readSink(params_, options.region)),
+      name_(options.name.value_or(host.GetSpec()->GetDefaultFriendlyName())),
       log_(options.json, options.explain),
       decision_(options, [this](const std::string& words) { loop_.post([=, this] { log_.note(words); }); }),
       access_(*host.GetSpec(), *host.GetDeviceNac(), decision_),
@@ -156,8 +162,7 @@ void RunningRenderer::startPlayer() {
 
 void RunningRenderer::writeDescription(const std::string& hexDigits) {
   const TarqDmrSpecInterface& settings = *host_.GetSpec();
-  const std::string name = options_.name.value_or(settings.GetDefaultFriendlyName());
-  folder_.write("device.xml", deviceDescription(settings, name, makeUdn(settings, hexDigits)));
+  folder_.write("device.xml", deviceDescription(settings, name_, makeUdn(settings, hexDigits)));
   for (const Service* service : kServices) {
     folder_.write(std::string(service->name) + ".xml", serviceDescription(*service, transport_.playSpeeds()));
   }
@@ -174,10 +179,16 @@ void RunningRenderer::act(std::unique_ptr<PendingAction> action) {
   const Clock::time_point begun = Clock::now();
   perform(parts_, *action);
   action->send(*action);
-  log_.action(*action, since(begun), nullptr);
+  keep(*action, since(begun), nullptr);
 }
 
-void RunningRenderer::refused(const PendingAction& action) { log_.action(action, {}, nullptr); }
+void RunningRenderer::refused(const PendingAction& action) { keep(action, {}, nullptr); }
+
+void RunningRenderer::keep(const PendingAction& done, std::chrono::microseconds took,
+                           const LoggedChoice* choice) {
+  log_.action(done, took, choice);
+  history_.add(done, took, choice);
+}
 
 void RunningRenderer::performOn(Worker& worker, const std::shared_ptr<PendingAction>& action) {
   worker.post([this, action, begun = Clock::now()] {
@@ -185,7 +196,7 @@ void RunningRenderer::performOn(Worker& worker, const std::shared_ptr<PendingAct
     const std::chrono::microseconds took = since(begun);
     loop_.post([action] { action->send(*action); });
     const auto choice = action->call.action().checksSource ? explainChoice() : nullptr;
-    loop_.post([this, action, took, choice] { log_.action(*action, took, choice.get()); });
+    loop_.post([this, action, took, choice] { keep(*action, took, choice.get()); });
   });
 }
 
@@ -203,6 +214,10 @@ std::string RunningRenderer::eventedValue(const Service& service, const std::str
   if (&service == &kRenderingControl) return renderingEvents_.everything();
   if (variable == "SinkProtocolInfo") return sink_;
   return variable == "CurrentConnectionIDs" ? "0" : "";
+}
+
+std::string RunningRenderer::pageData(int64_t after) {
+  return ::pageData(name_, transport_.snapshot(), rendering_.state(), history_, after);
 }
 
 NetworkInterface chooseInterface(const RendererOptions& options, const TarqDmrSpecInterface& settings) {

@@ -23,11 +23,6 @@ std::string timeStamp() {
 
 std::string clockTime() { return timeStamp().substr(11); }
 
-std::string errorWords(const PendingAction& done) {
-  const ActionError& error = *done.error;
-  return error.words.empty() ? describeUpnpError(done.call.service(), error.code) : error.words;
-}
-
 std::string answerWords(const PendingAction& done) {
   return done.error ? std::to_string(done.error->code) + " " + printable(errorWords(done)) : "done";
 }

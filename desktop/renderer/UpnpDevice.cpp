@@ -7,6 +7,7 @@
 #include "AccessAcl.h"
 #include "CommandError.h"
 #include "HttpGuard.h"
+#include "Page.h"
 
 namespace {
 
@@ -59,10 +60,8 @@ void setString(GUPnPServiceAction* action, const char* name, const std::string& 
 void sendAnswer(GUPnPServiceAction* action, const PendingAction& pending) {
   const ActionCall& call = pending.call;
   if (pending.error) {
-    const ActionError& error = *pending.error;
-    const std::string words =
-        error.words.empty() ? describeUpnpError(call.service(), error.code) : error.words;
-    return gupnp_service_action_return_error(action, static_cast<guint>(error.code), words.c_str());
+    const auto code = static_cast<guint>(pending.error->code);
+    return gupnp_service_action_return_error(action, code, errorWords(pending).c_str());
   }
   for (const Argument& output : call.action().outputs())
     setString(action, output.name, call.output(output.name));
@@ -79,6 +78,11 @@ void fillCaller(GUPnPServiceAction* action, PendingAction& pending) {
 }
 
 }  // namespace
+
+std::string errorWords(const PendingAction& refused) {
+  const ActionError& error = *refused.error;
+  return error.words.empty() ? describeUpnpError(refused.call.service(), error.code) : error.words;
+}
 
 struct UpnpDevice::Parts {
   // What GUPnP's signals carry. `action`: null for what concerns a whole service.
@@ -102,6 +106,7 @@ struct UpnpDevice::Parts {
   UpnpDeviceOwner& owner;
   Owner<GUPnPContext> context;
   std::unique_ptr<HttpGuard> guard;
+  std::unique_ptr<Page> page;
   std::vector<std::unique_ptr<Target>> targets;
   std::vector<ServiceObject> services;
   Owner<GUPnPRootDevice> device;  // gone first: it says goodbye
@@ -164,6 +169,8 @@ UpnpDevice::UpnpDevice(const NetworkInterface& interface, int port, const std::s
   const Owner<GUPnPAcl> acl(newAccessAcl(access));
   gupnp_context_set_acl(parts_->context.get(), acl.get());
   parts_->guard = std::make_unique<HttpGuard>(gupnp_context_get_server(parts_->context.get()), place);
+  parts_->page = std::make_unique<Page>(parts_->context.get(),
+                                        [&owner](int64_t after) { return owner.pageData(after); });
   parts_->device.reset(gupnp_root_device_new(parts_->context.get(), "device.xml", folder.c_str(), &error));
   check("cannot offer the renderer's description");
   for (const Service* service : kServices) parts_->connect(*service);

@@ -22,6 +22,9 @@ struct PendingAction {
   std::function<void(const PendingAction&)> send;
 };
 
+// Why it is refused: its own words, or those of the standard.
+std::string errorWords(const PendingAction& refused);
+
 // What a device asks the renderer.
 // Threads: all on the main loop's.
 class UpnpDeviceOwner {
@@ -33,10 +36,12 @@ class UpnpDeviceOwner {
   virtual void refused(const PendingAction& action) = 0;
   // Returns: the value that a new subscriber is told of an evented variable.
   virtual std::string eventedValue(const Service& service, const std::string& variable) = 0;
+  // Returns: what the device's page shows, as JSON: of the requests those with a number above `after`.
+  virtual std::string pageData(int64_t after) = 0;
 };
 
-// The renderer on one network interface: announced, described, controlled and subscribed to, by GUPnP. Only
-// addresses that the access lists allow can control it or subscribe.
+// The renderer on one network interface: announced, described, controlled and subscribed to, by GUPnP; with a
+// page for people. Only addresses that the access lists allow can control it, subscribe or see the page.
 // Threads: the main loop's.
 class UpnpDevice {
  public:

@@ -81,11 +81,12 @@ inline constexpr const char* kExplainHelp =
     "Examples:\n"
     "  tarq-dmr explain http://192.168.0.2:8200/23.mpg --metadata item.xml --region 1\n"
     "  tarq-dmr explain http://192.168.0.2:8200/23.mpg --metadata item.xml --probe\n"
-    "  tarq-dmr explain --batch items.ndjson > why.ndjson\n\n"
+    "  tarq-dmr explain --batch items.ndjson --html why.html > why.ndjson\n\n"
     "Takes the steps of a check and shows what each found: the candidates, their\n"
     "points, and what made each eligible or excluded it. No server is asked unless\n"
     "--probe is given. The last line is the verdict. A batch takes the lines of\n"
-    "check --batch and writes one JSON line for each, or the counts of --summary.\n\n";
+    "check --batch and writes one JSON line for each, or the counts of --summary.\n"
+    "The page of --html needs no other file and no network.\n\n";
 
 inline constexpr const char* kRendererHelp =
     "Examples:\n"

@@ -61,6 +61,12 @@ void addJson(CLI::App& command, bool& json, const char* description) {
   command.add_flag("--json", json, description);
 }
 
+void addHtml(CLI::App& command, OptionalFile& file) {
+  command.add_option("--html", file, "Write a page for a browser to FILE as well\n(default: none)")
+      ->type_name("FILE")
+      ->check(notEmpty());
+}
+
 CLI::Option* addUri(CLI::App& command, std::string& uri) {
   return command.add_option("uri", uri, "The URI to play")->type_name("")->check(notEmpty());
 }

@@ -20,6 +20,7 @@ void addHostOptions(CLI::App& command, HostOptions& host);  // --plugin and --lo
 
 void addRegion(CLI::App& command, int32_t& region);
 void addJson(CLI::App& command, bool& json, const char* description);
+void addHtml(CLI::App& command, OptionalFile& file);
 
 CLI::Option* addUri(CLI::App& command, std::string& uri);
 CLI::Option* addMetadata(CLI::App& command, OptionalFile& file);

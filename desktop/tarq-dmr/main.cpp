@@ -73,6 +73,7 @@ Run addExplain(CLI::App& command) {
   const auto options = std::make_shared<ExplainOptions>();
   addResourceOptions(command, *options, "Explain every line of FILE; - is standard input");
   command.add_flag("--probe", options->probe, "Ask the server where the check would, and show\nits answer");
+  addHtml(command, options->htmlFile);
   return [options] { return runExplain(*options); };
 }
 

@@ -22,6 +22,8 @@ const struct {
 } kRequests[] = {
     {"ActionForOtherHost", {"POST", kState.path, kState.headers + kForeign, kState.body}, -412},
     {"DescriptionForOtherHost", {"GET", "/device.xml", kForeign}, -412},
+    {"PageForOtherHost", {"GET", "/page/now", kForeign}, -412},
+    {"PageTakesNothing", {"POST", "/page"}, -405},
     {"EventsForOtherHost", subscription("AVTransport", kCallback, kForeign), -412},
     {"OtherSoapAction", {"POST", kState.path, kOther.headers, kState.body}, 401},
     {"NoEnvelope", {"POST", kState.path, kState.headers, "x"}, -412},
@@ -80,11 +82,13 @@ TEST_ROWS(Guard, LetsIn, kAccess) {
   std::vector<std::string> options = {"--port", std::to_string(kOtherPort)};
   options.insert(options.end(), row.options.begin(), row.options.end());
   const RendererProgram program(options);
-  HttpRequest requests[] = {kState, subscription("AVTransport", kCallback), {"GET", "/device.xml"}};
+  HttpRequest requests[] = {
+      kState, subscription("AVTransport", kCallback), {"GET", "/page/now"}, {"GET", "/device.xml"}};
   for (HttpRequest& request : requests) request.port = kOtherPort;
   EXPECT_EQ(requests[0].send().status, row.status);
   EXPECT_EQ(requests[1].send().status, row.status);
-  EXPECT_EQ(requests[2].send().status, 200);
+  EXPECT_EQ(requests[2].send().status, row.status);
+  EXPECT_EQ(requests[3].send().status, 200);
 }
 
 TEST(Guard, IsNotHeldUpByClientsThatVanishOrAreSilent) {

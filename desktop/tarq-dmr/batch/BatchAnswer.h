@@ -10,11 +10,12 @@
 
 constexpr int kInvalidLine = -1;  // in the place of a result code
 
-// What a summary counts.
+// What a summary counts, and what else a listener takes.
 struct BatchOutcome {
   std::optional<int> code = {};  // none: it depends on a server that was not asked
   std::optional<std::string> format =
-      {};  // of what is played, or would be if the server agreed; none: not known
+      {};                 // of what is played, or would be if the server agreed; none: not known
+  std::string item = {};  // of a page; empty: nobody listens
 };
 
 // Writes the one JSON object that answers a line, while the plug-in's region is that of the line.

@@ -35,6 +35,7 @@ void writeAll(std::string_view bytes) {
 void BatchOutput::add(const BatchResult& result, uint64_t inputEnd) {
   const std::lock_guard lock(mutex_);
   if (counts_) summary_.add(result.outcome);
+  if (listener_ != nullptr) listener_->add(result.outcome);
   const auto now = RateProgress::Clock::now();
   if (results_ == BatchResults::kLines) {
     (pending_ += result.line) += '\n';
@@ -83,5 +84,6 @@ void BatchOutput::writeEnd() {
   if (results_ == BatchResults::kSummaryText) pending_ = summary_.text();
   if (results_ == BatchResults::kSummaryJson) pending_ = summary_.json() + '\n';
   write();
+  if (listener_ != nullptr) listener_->end(summary_);
   progress_.end(summary_.lines(), summary_.words());
 }

@@ -4,6 +4,7 @@
 #include <mutex>
 #include <string>
 
+#include "BatchListener.h"
 #include "BatchSummary.h"
 #include "RateProgress.h"
 
@@ -15,10 +16,12 @@ enum class BatchResults { kLines, kSummaryText, kSummaryJson };
 // Errors: CommandError when standard output cannot be written.
 class BatchOutput {
  public:
-  BatchOutput(BatchResults results, std::optional<uint64_t> inputBytes)
+  // Null: nobody listens.
+  BatchOutput(BatchResults results, std::optional<uint64_t> inputBytes, BatchListener* listener)
       : results_(results),
         inputBytes_(inputBytes),
-        counts_(results != BatchResults::kLines || progress_.isShown()) {}
+        listener_(listener),
+        counts_(results != BatchResults::kLines || progress_.isShown() || listener != nullptr) {}
 
   // Flushes by itself every now and then, so that a slow check does not hold back the results before it.
   // `inputEnd`: bytes of the input up to the end of the line that was answered.
@@ -36,7 +39,8 @@ class BatchOutput {
 
   const BatchResults results_;
   const std::optional<uint64_t> inputBytes_;  // of the whole input, if known
-  std::mutex mutex_;                          // for all below
+  BatchListener* const listener_;
+  std::mutex mutex_;  // for all below
   std::string pending_;
   RateProgress::Clock::time_point flushed_ = RateProgress::Clock::now();
   RateProgress progress_{"lines"};

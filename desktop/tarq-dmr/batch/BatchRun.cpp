@@ -21,13 +21,14 @@ BatchResults resultsOf(const ResourceOptions& options) {
 
 class BatchRun {
  public:
-  BatchRun(TarqDmrParamsInterface& params, const ResourceOptions& options, const BatchAnswer& answer)
+  BatchRun(TarqDmrParamsInterface& params, const ResourceOptions& options, const BatchAnswer& answer,
+           BatchListener* listener)
       : params_(params),
         options_(options),
         answer_(answer),
         region_(options.region),
         input_(*options.batchFile),
-        output_(resultsOf(options), input_.size()),
+        output_(resultsOf(options), input_.size(), listener),
         signals_([this](int signal) { output_.interrupt(signal); }),
         items_(kMaxItems),
         workers_(
@@ -114,6 +115,7 @@ void BatchRun::deliverUpTo(size_t last) {
 
 }  // namespace
 
-void runBatch(TarqDmrParamsInterface& params, const ResourceOptions& options, const BatchAnswer& answer) {
-  BatchRun(params, options, answer).run();
+void runBatch(TarqDmrParamsInterface& params, const ResourceOptions& options, const BatchAnswer& answer,
+              BatchListener* listener) {
+  BatchRun(params, options, answer, listener).run();
 }

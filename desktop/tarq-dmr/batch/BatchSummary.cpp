@@ -1,5 +1,8 @@
 #include "BatchSummary.h"
 
+#include <algorithm>
+#include <functional>
+
 #include "JsonObject.h"
 #include "ResultText.h"
 #include "TarqResourceCheckerInterface.h"
@@ -16,6 +19,21 @@ const char* message(std::optional<int> code) {
 const char* kindOf(std::optional<int> code) {
   if (!code) return "undecided";
   return *code == kAccepted ? "accepted" : *code == kInvalidLine ? "not valid" : "refused";
+}
+
+std::string formatName(const std::optional<std::string>& format) {
+  return format ? printable(*format) : "(no name)";
+}
+
+// `name` takes a key of the map; keys of one name are counted together.
+template <class Counts, class Name>
+std::vector<BatchCount> mostFirst(const Counts& counts, Name name) {
+  std::map<std::string, int64_t> named;
+  for (const auto& [key, lines] : counts) named[name(key)] += lines;
+  std::vector<BatchCount> all;
+  for (const auto& [text, lines] : named) all.push_back({text, lines});
+  std::ranges::stable_sort(all, std::greater(), &BatchCount::lines);
+  return all;
 }
 
 // `write` takes the JsonObject, a key of the map and its count.
@@ -37,6 +55,12 @@ void BatchSummary::add(const BatchOutcome& outcome) {
   if (outcome.code.value_or(kAccepted) == kAccepted) ++formats_[outcome.format];
 }
 
+std::vector<BatchCount> BatchSummary::kinds() const { return mostFirst(codes_, kindOf); }
+
+std::vector<BatchCount> BatchSummary::results() const { return mostFirst(codes_, message); }
+
+std::vector<BatchCount> BatchSummary::formats() const { return mostFirst(formats_, formatName); }
+
 std::string BatchSummary::words() const {
   std::map<std::string, int64_t> kinds;
   for (const auto& [code, count] : codes_) kinds[kindOf(code)] += count;
@@ -52,8 +76,7 @@ std::string BatchSummary::text() const {
     codes.addRow({std::to_string(count), code ? std::to_string(*code) : "", message(code)});
   codes.addRow({std::to_string(lines_), "", "all lines"});
   TextTable formats({">lines", "format"});
-  for (const auto& [format, count] : formats_)
-    formats.addRow({std::to_string(count), format ? printable(*format) : "(no name)"});
+  for (const auto& [format, count] : formats_) formats.addRow({std::to_string(count), formatName(format)});
   return codes.text() + (formats_.empty() ? "" : '\n' + formats.text());
 }
 

@@ -4,8 +4,14 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "BatchAnswer.h"
+
+struct BatchCount {
+  std::string name;
+  int64_t lines;
+};
 
 // Counts the lines of a batch by result code, and those that are not refused by format.
 class BatchSummary {
@@ -13,6 +19,10 @@ class BatchSummary {
   void add(const BatchOutcome& outcome);
 
   int64_t lines() const { return lines_; }
+  // The most frequent first.
+  std::vector<BatchCount> kinds() const;  // accepted, refused...
+  std::vector<BatchCount> results() const;
+  std::vector<BatchCount> formats() const;
   std::string words() const;  // "2 accepted, 1 refused"; nothing when there were no lines
   std::string text() const;   // two tables, each line with its end
   std::string json() const;   // one object

@@ -31,6 +31,11 @@ class JsonObject {
   void addNull(std::string_view key) { addValue(key, static_cast<const char*>(nullptr)); }
   void addIndex(std::string_view key, int index) { index < 0 ? addNull(key) : add(key, index); }
 
+  void addJson(std::string_view key, std::string_view json) {  // a value that is JSON already
+    json_.key(key);
+    json_.json(json);
+  }
+
   void addNumbers(std::string_view key, std::span<const int> numbers);
   void addStrings(std::string_view key, const std::vector<std::string>& strings);
 

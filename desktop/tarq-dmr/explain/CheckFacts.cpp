@@ -129,8 +129,11 @@ const char* stateWords(CheckState state) { return kStates[static_cast<size_t>(st
 
 CheckFacts checkFacts(TarqDmrParamsInterface& params, const char* uri, const char* metadata, int32_t region,
                       bool probe) {
-  const auto explanation = std::make_shared<const Explanation>(
-      explain(params, uri, metadata, region, probe ? Asking::kAsTheCheck : Asking::kNever));
+  return factsOf(std::make_shared<const Explanation>(
+      explain(params, uri, metadata, region, probe ? Asking::kAsTheCheck : Asking::kNever)));
+}
+
+CheckFacts factsOf(const std::shared_ptr<const Explanation>& explanation) {
   CheckFacts facts{.explanation = explanation,
                    .state = stateOf(explanation->verdict),
                    .result = resultOf(*explanation),

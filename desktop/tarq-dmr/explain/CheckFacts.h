@@ -49,5 +49,9 @@ struct CheckFacts {
 // Threads: several at once, when the plug-in's region is `region` already.
 CheckFacts checkFacts(TarqDmrParamsInterface& params, const char* uri, const char* metadata, int32_t region,
                       bool probe);
+CheckFacts factsOf(const std::shared_ptr<const Explanation>& explanation);
+
+// What a page shows of it, as one object of limited size: the contest with its points, everything else in words.
+std::string itemJson(const CheckFacts& facts, const std::string& title);
 
 #endif  // TARQ_DMR_CHECK_FACTS_H_

@@ -11,6 +11,7 @@ struct ChoiceWords {
   std::string line;  // "res 2 of 4, MPEG4, original, 1510 points ahead of res 1: position +10"
   std::string text;  // the whole explanation
   std::string json;  // the same as one object
+  std::string item;  // what a page shows of it: see itemJson
   bool asksServer;
 };
 

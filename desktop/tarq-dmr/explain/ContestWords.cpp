@@ -90,6 +90,11 @@ std::string wouldBe(const WhatIf& change) {
   return std::string("would be ") + change.format + " " + change.words;
 }
 
+std::string exclusionText(const Explanation& explanation, size_t index) {
+  const std::optional<WhatIf> change = changeToEnter(explanation, index);
+  return exclusionReason(explanation, index) + (change ? "; " + wouldBe(*change) : "");
+}
+
 std::optional<ResChange> firstChange(const Explanation& explanation) {
   for (size_t i = 0; i < explanation.records.size(); ++i) {
     if (!isOut(explanation.records[i].score.rule)) continue;

@@ -17,6 +17,8 @@ std::string exclusionReason(const Explanation& explanation, size_t index);
 // Which single change would let it in, if there is a simple one.
 std::optional<WhatIf> changeToEnter(const Explanation& explanation, size_t index);
 std::string wouldBe(const WhatIf& change);  // "would be AVC_TTS in region 2"
+// Both in one line.
+std::string exclusionText(const Explanation& explanation, size_t index);
 
 // The first element that a single change would let in, with the change.
 struct ResChange {

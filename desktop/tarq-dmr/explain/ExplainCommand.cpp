@@ -4,6 +4,7 @@
 
 #include "BatchRun.h"
 #include "CommandError.h"
+#include "ExplainReport.h"
 #include "Explanation.h"
 #include "InputFile.h"
 #include "JsonWriter.h"
@@ -16,11 +17,14 @@ Asking askingOf(const ExplainOptions& options) {
 }
 
 int explainOne(TarqDmrParamsInterface& params, const ExplainOptions& options) {
+  std::optional<HtmlReport> report;
+  if (options.htmlFile) report.emplace(*options.htmlFile);
   std::optional<std::string> didl;
   if (options.metadataFile) didl = readMetadata(*options.metadataFile);
   const char* metadata = didl ? didl->c_str() : nullptr;
-  const Explanation explanation =
-      explain(params, options.uri.c_str(), metadata, options.region, askingOf(options));
+  const auto made = std::make_shared<const Explanation>(
+      explain(params, options.uri.c_str(), metadata, options.region, askingOf(options)));
+  const Explanation& explanation = *made;
   requireNoShortage();
   if (options.json) {
     JsonWriter json(stdout);
@@ -29,21 +33,26 @@ int explainOne(TarqDmrParamsInterface& params, const ExplainOptions& options) {
   } else {
     std::fputs(explanationText(explanation).c_str(), stdout);
   }
+  if (report) writeReport(*report, factsOf(made));
   return explanation.verdict.code.value_or(kAccepted) == kAccepted ? kExitOk : kExitRefused;
 }
 
 int explainBatch(TarqDmrParamsInterface& params, const ExplainOptions& options) {
+  std::optional<ExplainReport> report;
+  if (options.htmlFile) report.emplace(*options.htmlFile, *options.batchFile);
   const auto answer = [&](JsonWriter& json, const BatchRequest& request) {
-    const Explanation explanation =
-        explain(params, request.uri, request.metadata, request.region, askingOf(options));
+    const auto made = std::make_shared<const Explanation>(
+        explain(params, request.uri, request.metadata, request.region, askingOf(options)));
+    const Explanation& explanation = *made;
     writeExplanation(json, explanation);
     const TarqResourceInfo* resource = explanation.verdict.resource();
     BatchOutcome outcome{.code = explanation.verdict.code};
     const char* format = resource == nullptr ? explanation.format() : formatOf(*resource);
     if (format != nullptr) outcome.format = format;
+    if (report) outcome.item = reportItem(factsOf(made));
     return outcome;
   };
-  runBatch(params, options, answer);
+  runBatch(params, options, answer, report ? &*report : nullptr);
   return kExitOk;
 }
 

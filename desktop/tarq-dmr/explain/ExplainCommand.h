@@ -4,7 +4,8 @@
 #include "ResourceOptions.h"
 
 struct ExplainOptions : ResourceOptions {
-  bool probe = false;  // the server may be asked
+  bool probe = false;                   // the server may be asked
+  std::optional<std::string> htmlFile;  // a page is written there as well
 };
 int runExplain(const ExplainOptions& options);
 

@@ -152,12 +152,6 @@ std::string undecidedText(const Explanation& explanation) {
          (winner < 0 ? finding(explanation) : chosenText(winner, explanation.format()) + " if it confirms");
 }
 
-std::string refusedText(const Explanation& explanation) {
-  const Verdict& verdict = explanation.verdict;
-  const bool nothing = verdict.code == kNothingPlayable && explanation.choice.winner < 0;
-  return refusalWords(verdict) + (nothing ? ": " + finding(explanation) : std::string());
-}
-
 std::string acceptedText(const Explanation& explanation, const TarqResourceInfo& resource) {
   if (explanation.quick.accepted != nullptr) return "as " + shown(resource.mimeType) + ", no res chosen";
   const VondString* format = resource.contentFormat;
@@ -174,6 +168,12 @@ std::string verdictText(const Explanation& explanation) {
 }
 
 }  // namespace
+
+std::string refusedText(const Explanation& explanation) {
+  const Verdict& verdict = explanation.verdict;
+  const bool nothing = verdict.code == kNothingPlayable && explanation.choice.winner < 0;
+  return refusalWords(verdict) + (nothing ? ": " + finding(explanation) : std::string());
+}
 
 std::string choiceLine(const Explanation& explanation) {
   if (explanation.quick.accepted != nullptr) {

@@ -111,6 +111,9 @@ std::string explanationText(const Explanation& explanation);
 // The choice on one line.
 std::string choiceLine(const Explanation& explanation);
 
+// Why one that is refused is refused.
+std::string refusedText(const Explanation& explanation);
+
 class JsonWriter;
 // One object, its keys in the order of the steps.
 void writeExplanation(JsonWriter& json, const Explanation& explanation);

@@ -106,11 +106,6 @@ Cells headingsOf(ResContestKind contest) {
   return headings;
 }
 
-std::string exclusionText(const Explanation& explanation, size_t index) {
-  const std::optional<WhatIf> change = changeToEnter(explanation, index);
-  return exclusionReason(explanation, index) + (change ? "; " + wouldBe(*change) : "");
-}
-
 Cells candidateCells(const Explanation& explanation, size_t index, const std::vector<bool>& matters) {
   const TarqDlnaResMetadata& record = explanation.records[index];
   if (isOut(record.score.rule)) return {"out: " + exclusionText(explanation, index)};

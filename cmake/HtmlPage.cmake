@@ -1,0 +1,38 @@
+# The value of a Content-Security-Policy that allows exactly this text, "sha256-" and base64.
+# Source: CSP Level 3, 2.3.1; RFC 4648, 4.
+function(tarq_csp_hash variable text)
+  set(digits ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/)
+  string(SHA256 hex "${text}")
+  set(base64 "")
+  foreach(begin RANGE 0 63 6)
+    string(SUBSTRING "${hex}00" ${begin} 6 group)  # 32 bytes are not a multiple of 3
+    foreach(shift 18 12 6 0)
+      math(EXPR digit "(0x${group} >> ${shift}) & 63")
+      string(SUBSTRING "${digits}" ${digit} 1 letter)
+      string(APPEND base64 "${letter}")
+    endforeach()
+  endforeach()
+  string(REGEX REPLACE ".$" "=" base64 "${base64}")
+  set(${variable} "sha256-${base64}" PARENT_SCOPE)
+endfunction()
+
+# tarq_html_page(TARGET NAME page.html STYLE file.css SCRIPTS files.js...): one HTML page with its style and scripts
+# inside, as the constant kNAME of the header NAME.h. In page.html stand @STYLE@, @SCRIPT@ and their @..._HASH@es.
+function(tarq_html_page target name page)
+  cmake_parse_arguments(PAGE "" "STYLE" "SCRIPTS" ${ARGN})
+  set(files ${page} ${PAGE_STYLE} ${PAGE_SCRIPTS})
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${files})
+  file(READ ${PAGE_STYLE} STYLE)
+  set(SCRIPT "")
+  foreach(file ${PAGE_SCRIPTS})
+    file(READ ${file} text)
+    string(APPEND SCRIPT "${text}")
+  endforeach()
+  tarq_csp_hash(STYLE_HASH "${STYLE}")
+  tarq_csp_hash(SCRIPT_HASH "${SCRIPT}")
+  file(READ ${page} html)
+  string(CONFIGURE "${html}" html @ONLY)
+  set(header "#pragma once\ninline constexpr char k${name}[] = R\"page(${html})page\";\n")
+  file(CONFIGURE OUTPUT ${name}.h CONTENT "${header}" @ONLY)
+  target_include_directories(${target} PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
+endfunction()

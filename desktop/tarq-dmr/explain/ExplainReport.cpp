@@ -1,0 +1,43 @@
+#include "ExplainReport.h"
+
+#include "Explanation.h"
+
+namespace {
+
+std::vector<ReportBar> bars(const std::vector<BatchCount>& counts) {
+  std::vector<ReportBar> bars;
+  for (const BatchCount& count : counts) bars.push_back({count.name, count.lines, ""});
+  return bars;
+}
+
+}  // namespace
+
+void ExplainReport::add(const BatchOutcome& outcome) {
+  if (!outcome.item.empty()) report_.add(outcome.item);  // a line that is not valid has none
+}
+
+void ExplainReport::end(const BatchSummary& summary) {
+  std::vector<ReportFact> facts = {{"lines", std::to_string(summary.lines())}};
+  for (const BatchCount& kind : summary.kinds()) facts.push_back({kind.name, std::to_string(kind.lines)});
+  report_.end({"What plays, and why",
+               "The lines of " + source_,
+               facts,
+               {{"Results", bars(summary.results())}, {"Formats", bars(summary.formats())}},
+               ""});
+}
+
+std::string reportItem(const CheckFacts& facts) {
+  const char* title = facts.explanation->metadata.title;
+  return itemJson(facts, title == nullptr ? "" : title);
+}
+
+void writeReport(HtmlReport& report, const CheckFacts& facts) {
+  const Explanation& explanation = *facts.explanation;
+  const char* title = explanation.metadata.title;
+  report.add(reportItem(facts));
+  report.end({title == nullptr ? "What plays, and why" : title,
+              explanation.uri.text,
+              {},
+              {},
+              explanationText(explanation)});
+}

@@ -11,7 +11,6 @@
 #include "DescriptionFolder.h"
 #include "EventSender.h"
 #include "MainLoop.h"
-#include "Metadata.h"
 #include "PageData.h"
 #include "Parts.h"
 #include "PlayerSession.h"
@@ -204,9 +203,9 @@ void RunningRenderer::performOn(Worker& worker, const std::shared_ptr<PendingAct
 std::shared_ptr<const LoggedChoice> RunningRenderer::explainChoice() const {
   const auto checked = transport_.lastCheck();
   if (checked == nullptr) return nullptr;
-  const std::string didl = unwrapMetadata(checked->metadata).didl;
-  return std::make_shared<const LoggedChoice>(
-      LoggedChoice{checked, ::explainChoice(params_, checked->uri.c_str(), didl.c_str(), options_.region)});
+  return std::make_shared<const LoggedChoice>(LoggedChoice{
+      checked,
+      ::explainChoice(params_, checked->uri.c_str(), checked->didl.c_str(), options_.region, log_.detail())});
 }
 
 std::string RunningRenderer::eventedValue(const Service& service, const std::string& variable) {

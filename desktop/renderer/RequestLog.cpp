@@ -82,7 +82,7 @@ void RequestLog::action(const PendingAction& done, std::chrono::microseconds too
       writeAction(object, done, took);
       if (choice != nullptr) {
         json.key("explanation");
-        json.json(choice->words.json);
+        json.json(choice->words.whole);
       }
     }
     std::puts(json.str().c_str());
@@ -91,7 +91,7 @@ void RequestLog::action(const PendingAction& done, std::chrono::microseconds too
                 done.call.action().name, answerWords(done).c_str(), duration(took).c_str(),
                 printable(done.agent).c_str());
     if (choice != nullptr) std::printf("              %s\n", choiceText(*choice).c_str());
-    if (choice != nullptr && explains_) std::fputs(choice->words.text.c_str(), stdout);
+    if (choice != nullptr) std::fputs(choice->words.whole.c_str(), stdout);
   }
   std::fflush(stdout);
 }

@@ -21,6 +21,12 @@ class RequestLog {
  public:
   RequestLog(bool json, bool explains) : json_(json), explains_(explains) {}
 
+  // What `action` wants of a choice.
+  ChoiceDetail detail() const {
+    if (json_) return ChoiceDetail::kJson;
+    return explains_ ? ChoiceDetail::kText : ChoiceDetail::kLine;
+  }
+
   void note(const std::string& words) const;  // something that is not an action
   // `choice`: null for an action that has nothing checked.
   void action(const PendingAction& done, std::chrono::microseconds took, const LoggedChoice* choice) const;

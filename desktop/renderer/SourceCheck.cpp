@@ -41,10 +41,10 @@ class Deadline {
   std::jthread thread_;
 };
 
-void check(CheckedSource& source, const char* didl) {
+void check(CheckedSource& source) {
   using std::chrono::steady_clock;
   const steady_clock::time_point begun = steady_clock::now();
-  source.code = source.checker->CheckResource(source.uri.c_str(), didl);
+  source.code = source.checker->CheckResource(source.uri.c_str(), source.didl.c_str());
   const auto took = std::chrono::duration_cast<std::chrono::milliseconds>(steady_clock::now() - begun);
   source.tookMs = static_cast<int>(took.count());
 }
@@ -65,12 +65,12 @@ unsigned SourceCheck::ticket() const {
 
 std::shared_ptr<const CheckedSource> SourceCheck::run(const std::string& uri, const std::string& metadata,
                                                       unsigned ticket) {
-  const auto source = std::make_shared<CheckedSource>(CheckedSource{uri, metadata, newChecker(params_)});
+  const auto source = std::make_shared<CheckedSource>(
+      CheckedSource{uri, metadata, unwrapMetadata(metadata).didl, newChecker(params_)});
   last_ = source;
-  const std::string didl = unwrapMetadata(metadata).didl;
   Deadline deadline([checker = source->checker.get()] { checker->Cancel(); });
   begin(*source->checker, ticket);
-  check(*source, didl.c_str());
+  check(*source);
   end();
   const bool expired = deadline.expired();
   if (source->code != kAccepted && expired) throw ActionError{716, "the server did not answer within 4 s"};

@@ -11,6 +11,7 @@
 struct CheckedSource {
   std::string uri;       // as the control point set it
   std::string metadata;  // the same
+  std::string didl;      // the metadata without the escapes that some control points add
   std::unique_ptr<TarqResourceCheckerInterface> checker;
   int code = kAccepted;  // of the check
   int tookMs = 0;

@@ -4,13 +4,23 @@
 #include "Explanation.h"
 #include "JsonWriter.h"
 
+namespace {
+
+std::string wholeWords(const Explanation& explanation, ChoiceDetail detail) {
+  if (detail == ChoiceDetail::kLine) return {};
+  if (detail == ChoiceDetail::kText) return explanationText(explanation);
+  JsonWriter json;
+  writeExplanation(json, explanation);
+  return json.take();
+}
+
+}  // namespace
+
 ChoiceWords explainChoice(TarqDmrParamsInterface& params, const char* uri, const char* metadata,
-                          int32_t region) {
+                          int32_t region, ChoiceDetail detail) {
   const CheckFacts facts = checkFacts(params, uri, metadata, region, false);
   const Explanation& explanation = *facts.explanation;
   const char* title = explanation.metadata.title;
-  JsonWriter json;
-  writeExplanation(json, explanation);
-  return {facts.line, explanationText(explanation), json.take(),
-          itemJson(facts, title == nullptr ? "" : title), explanation.probe.has_value()};
+  return {facts.line, wholeWords(explanation, detail), itemJson(facts, title == nullptr ? "" : title),
+          explanation.probe.has_value()};
 }

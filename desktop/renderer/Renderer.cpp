@@ -1,7 +1,6 @@
 #include "Renderer.h"
 
 #include <csignal>
-#include <filesystem>
 #include <future>
 
 #include "AccessDecision.h"
@@ -10,6 +9,7 @@
 #include "Description.h"
 #include "DescriptionFolder.h"
 #include "EventSender.h"
+#include "InstalledFiles.h"
 #include "MainLoop.h"
 #include "PageData.h"
 #include "Parts.h"
@@ -25,7 +25,6 @@
 
 namespace {
 
-namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
 // The renderer at work: actions come in, go to the worker that may wait for a player or a server, and are answered
@@ -165,8 +164,7 @@ void RunningRenderer::writeDescription(const std::string& hexDigits) {
   for (const Service* service : kServices) {
     folder_.write(std::string(service->name) + ".xml", serviceDescription(*service, transport_.playSpeeds()));
   }
-  const fs::path binFolder = fs::read_symlink("/proc/self/exe").parent_path();
-  folder_.copyFrom((binFolder / "../share/tarq-dmr/icons").lexically_normal());
+  folder_.copyFrom(installedFile("share/tarq-dmr/icons"));
 }
 
 void RunningRenderer::act(std::unique_ptr<PendingAction> action) {

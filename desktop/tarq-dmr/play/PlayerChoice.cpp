@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "CommandError.h"
+#include "InstalledFiles.h"
 
 namespace {
 
@@ -36,8 +37,7 @@ fs::path existing(const fs::path& file) {
 
 // The handler's own jar, if any, goes before the one with its base class.
 std::vector<std::string> classPathOf(const PlayerChoice& choice) {
-  const fs::path binFolder = fs::read_symlink("/proc/self/exe").parent_path();
-  std::vector<std::string> jars = {existing(binFolder / "../lib/tarq-renderer.jar")};
+  std::vector<std::string> jars = {existing(installedFile("lib/tarq-renderer.jar"))};
   if (!choice.jar.empty()) jars.insert(jars.begin(), existing(choice.jar));
   return jars;
 }

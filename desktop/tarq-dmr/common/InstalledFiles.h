@@ -1,15 +1,15 @@
-#ifndef TARQ_DMR_INSTALLED_LIBRARY_H_
-#define TARQ_DMR_INSTALLED_LIBRARY_H_
+#ifndef TARQ_DMR_INSTALLED_FILES_H_
+#define TARQ_DMR_INSTALLED_FILES_H_
 
 #include <filesystem>
 
-// Returns: where a library lies that was installed with this program.
-std::filesystem::path installedLibrary(const char* file);
+// Returns: where a file lies that was installed with this program, wherever that was. `file`: "lib/tarq-renderer.jar".
+std::filesystem::path installedFile(const char* file);
 
 // Loads a library of this program that only some commands need. It stays loaded until the process ends.
-// `whole`: what is missing without it, for a message.
+// `file`: as above. `whole`: what is missing without it, for a message.
 // Returns: the function that it exports under that name.
 // Errors: CommandError when this program was built without the library, or when it does not load.
 void* loadFunction(const char* file, const char* name, const char* whole);
 
-#endif  // TARQ_DMR_INSTALLED_LIBRARY_H_
+#endif  // TARQ_DMR_INSTALLED_FILES_H_

@@ -1,4 +1,4 @@
-#include "InstalledLibrary.h"
+#include "InstalledFiles.h"
 
 #include <dlfcn.h>
 
@@ -8,13 +8,13 @@
 
 namespace fs = std::filesystem;
 
-fs::path installedLibrary(const char* file) {
+fs::path installedFile(const char* file) {
   const fs::path binFolder = fs::read_symlink("/proc/self/exe").parent_path();
-  return (binFolder / "../lib" / file).lexically_normal();
+  return (binFolder / ".." / file).lexically_normal();
 }
 
 void* loadFunction(const char* file, const char* name, const char* whole) {
-  const fs::path path = installedLibrary(file);
+  const fs::path path = installedFile(file);
   if (!fs::exists(path)) {
     throw CommandError("this program was built without " + std::string(whole) +
                        ", for which it needs libgupnp-1.6");

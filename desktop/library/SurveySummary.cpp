@@ -55,3 +55,8 @@ void SurveySummary::add(const SurveyedItem& item) {
   const RegionPattern others(pattern.size(), kOthers);
   countIn(entryOf(differences, pattern, others), item, item.facts.front().line);
 }
+
+void SurveySummary::addProblem(const std::string& container, const std::string& words) {
+  ProblemCount& problem = entryOf(problems, words, std::string(kOthers));
+  if (problem.times++ == 0) problem.example = container;
+}

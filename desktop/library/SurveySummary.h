@@ -74,16 +74,28 @@ struct PatternCount {
   SurveyExample example;
 };
 
+// How often something was wrong with a container.
+struct ProblemCount {
+  int64_t times = 0;
+  std::string example;  // the title of the first
+};
+
+enum class SurveyEnd { kComplete, kLimit, kInterrupted };
+
 struct SurveySummary {
   explicit SurveySummary(const std::vector<int32_t>& surveyed) {
     for (const int32_t region : surveyed) regions.push_back({.region = region});
   }
   void add(const SurveyedItem& item);
+  void addProblem(const std::string& container, const std::string& words);
 
   int64_t items = 0;
   int64_t references = 0;              // of them: items that are elsewhere in the library, too
   std::vector<RegionSummary> regions;  // in the order of the survey
   std::map<RegionPattern, PatternCount> differences;
+  std::map<std::string, ProblemCount> problems;  // by their words
+  int64_t containers = 0;
+  SurveyEnd end = SurveyEnd::kComplete;
 };
 
 #endif  // TARQ_SURVEY_SUMMARY_H_

@@ -20,7 +20,9 @@ gboolean runJob(gpointer job) {
 // What GLib and GUPnP complain of goes where libtarq's log goes, and is shown by the same option.
 void passOn(const gchar* domain, GLogLevelFlags level, const gchar* message, gpointer) {
   const bool isError = (level & (G_LOG_LEVEL_ERROR | G_LOG_LEVEL_CRITICAL)) != 0;
-  __android_log_write(isError ? ANDROID_LOG_ERROR : ANDROID_LOG_WARN, domain, message);
+  const bool isWarning = (level & G_LOG_LEVEL_WARNING) != 0;
+  const int priority = isError ? ANDROID_LOG_ERROR : isWarning ? ANDROID_LOG_WARN : ANDROID_LOG_DEBUG;
+  __android_log_write(priority, domain, message);
 }
 
 }  // namespace
@@ -35,6 +37,11 @@ void MainLoop::run() {
     sigaction(signal, nullptr, &previous);
     if (previous.sa_handler != SIG_IGN) g_unix_signal_add(signal, quit, loop_);  // nohup
   }
+  g_main_loop_run(loop_);
+}
+
+void MainLoop::runFor(std::chrono::milliseconds time) {
+  postAfter(time, [this] { g_main_loop_quit(loop_); });
   g_main_loop_run(loop_);
 }
 

@@ -18,6 +18,7 @@ class MainLoop {
   MainLoop& operator=(const MainLoop&) = delete;
 
   void run();  // until SIGINT or SIGTERM
+  void runFor(std::chrono::milliseconds time);
   void post(Job job) { postAfter(std::chrono::milliseconds(0), std::move(job)); }
   void postAfter(std::chrono::milliseconds delay, Job job);
 

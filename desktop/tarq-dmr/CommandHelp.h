@@ -98,6 +98,30 @@ inline constexpr const char* kRendererHelp =
     "each action, and why a resource plays or is refused, as it happens. Ends with\n"
     "Ctrl-C.\n\n";
 
+inline constexpr const char* kServersHelp =
+    "Examples:\n"
+    "  tarq-dmr servers\n"
+    "  tarq-dmr servers --interface eth1 --timeout 10 --json\n\n"
+    "Asks the network and lists who answers in time: name, address, model, and the URL\n"
+    "of the description. Exits with 0 also when none does.\n\n";
+
+inline constexpr const char* kSurveyHelp =
+    "Examples:\n"
+    "  tarq-dmr survey http://192.168.0.2:8200/rootDesc.xml --region 1\n"
+    "  tarq-dmr survey \"living room\" --regions 0,1,2,16 --probe\n"
+    "  tarq-dmr survey nas --container 64 --limit 500 --ndjson items.ndjson\n\n"
+    "Reads every container of a media server and checks each item, with the URL of its\n"
+    "first res and its own DIDL-Lite. Shows what plays by kind and format, why the rest\n"
+    "does not, what one change would let play, how regions differ, and what was wrong\n"
+    "with the server. Without --probe no item's server is asked, and what a check would\n"
+    "ask for depends on the server.\n"
+    "A line of --ndjson is {\"id\",\"title\",\"uri\",\"metadata\",\"region\",\"result\"} and a\n"
+    "valid line of check --batch; result is what check --json prints, with a null code\n"
+    "for what depends on the server.\n"
+    "Exits with 0 when the server was read, with 1 when nothing of it could be read.\n"
+    "When interrupted it shows what was done so far, and exits with 130 (SIGINT) or\n"
+    "143 (SIGTERM).\n\n";
+
 inline constexpr const char* kDemoHelp =
     "Example:\n"
     "  tarq-dmr demo --log debug\n\n"

@@ -2,6 +2,8 @@
 
 #include <charconv>
 
+#include "CommaList.h"
+
 namespace {
 
 bool parseRegion(std::string_view digits, int32_t* region) {
@@ -16,6 +18,13 @@ bool parseRegion(std::string_view digits, int32_t* region) {
   if (error != std::errc() || stop != end || magnitude > limit) return false;
   *region = static_cast<int32_t>(negative ? -int64_t{magnitude} : int64_t{magnitude});
   return true;
+}
+
+int32_t regionOf(const char* option, std::string_view number) {
+  int32_t region = 0;
+  if (!parseRegion(number, &region))
+    throw CLI::ValidationError(option, "not a 32-bit integer: " + std::string(number));
+  return region;
 }
 
 // mpv would take the word for a file.
@@ -43,10 +52,7 @@ void addHostOptions(CLI::App& command, HostOptions& host) {
 }
 
 void addRegion(CLI::App& command, int32_t& region) {
-  const auto store = [&region](const std::string& number) {
-    if (!parseRegion(number, &region))
-      throw CLI::ValidationError("--region", "not a 32-bit integer: " + number);
-  };
+  const auto store = [&region](const std::string& number) { region = regionOf("--region", number); };
   command.add_option_function<std::string>("--region", store, "Region to check for (default 0)")
       ->type_name("N");
 }
@@ -122,11 +128,7 @@ void addResourceOptions(CLI::App& command, ResourceOptions& options, const char*
 }
 
 void addRendererOptions(CLI::App& command, RendererOptions& options) {
-  command
-      .add_option("--interface", options.interfaceName,
-                  "Network interface (default: the plug-in's, else\nthat of the default route)")
-      ->type_name("IF")
-      ->check(notEmpty());
+  addInterface(command, options.interfaceName, "the plug-in's, else\nthat of the default route");
   command.add_option("--name", options.name, "What control points show (default: the\nplug-in's)")
       ->type_name("NAME")
       ->check(notEmpty());
@@ -149,4 +151,50 @@ void addRendererOptions(CLI::App& command, RendererOptions& options) {
       ->allow_extra_args(false)
       ->check(CLI::ValidIPV4.description(""));
   command.add_flag("--explain", options.explain, "Show the whole explanation of each choice");
+}
+
+void addInterface(CLI::App& command, std::string& name, const char* usual) {
+  command.add_option("--interface", name, std::string("Network interface (default: ") + usual + ")")
+      ->type_name("IF")
+      ->check(notEmpty());
+}
+
+void addSurveyOptions(CLI::App& command, SurveyOptions& options) {
+  command.add_option("server", options.server, "The URL of its description, or a part of its name")
+      ->type_name("")
+      ->required()
+      ->check(notEmpty());
+  command
+      .add_option("--container", options.container, "Where to begin: the id of a container (default 0,\nall)")
+      ->type_name("ID")
+      ->check(notEmpty());
+  const auto storeOne = [&options](const std::string& number) {
+    options.regions = {regionOf("--region", number)};
+  };
+  CLI::Option* const region =
+      command.add_option_function<std::string>("--region", storeOne, "Region to check for (default 0)")
+          ->type_name("N");
+  const auto storeAll = [&options](const std::string& list) {
+    options.regions.clear();
+    for (const std::string_view number : splitCommas(list))
+      options.regions.push_back(regionOf("--regions", number));
+  };
+  command
+      .add_option_function<std::string>("--regions", storeAll,
+                                        "Several regions side by side, such as 0,1,2,16")
+      ->type_name("LIST")
+      ->check(notEmpty())
+      ->excludes(region);
+  command.add_flag("--probe", options.probe, "Ask the server for each item as the check would");
+  command.add_option("--jobs", options.jobs, "Items checked at once, 1 to 64 (default 4)")
+      ->type_name("N")
+      ->check(CLI::Range(1, 64).description(""));
+  command.add_option("--limit", options.limit, "End after so many items (default: never)")
+      ->type_name("N")
+      ->check(CLI::Range(int64_t{1}, INT64_MAX).description(""));
+  command.add_option("--ndjson", options.ndjsonFile, "Keep a JSON line for each item and region")
+      ->type_name("FILE")
+      ->check(notEmpty());
+  addInterface(command, options.interfaceName, "that of the default\nroute");
+  addJson(command, options.json, "The counts as one JSON object");
 }

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "LibraryOptions.h"
 #include "PlayerChoice.h"
 #include "RendererOptions.h"
 #include "ResourceOptions.h"
@@ -31,5 +32,8 @@ void addPlayer(CLI::App& command, PlayerChoice& player, const char* usual);
 void addResourceOptions(CLI::App& command, ResourceOptions& options, const char* batchDescription);
 
 void addRendererOptions(CLI::App& command, RendererOptions& options);
+
+void addInterface(CLI::App& command, std::string& name, const char* usual);
+void addSurveyOptions(CLI::App& command, SurveyOptions& options);
 
 #endif  // TARQ_DMR_SHARED_OPTIONS_H_

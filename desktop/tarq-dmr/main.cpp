@@ -14,6 +14,7 @@
 #include "DemoCommand.h"
 #include "ExplainCommand.h"
 #include "InfoCommand.h"
+#include "LibraryCommand.h"
 #include "PlayCommand.h"
 #include "RendererCommand.h"
 #include "SharedOptions.h"
@@ -86,6 +87,23 @@ Run addRenderer(CLI::App& command) {
   return [options] { return runRenderer(*options); };
 }
 
+Run addServers(CLI::App& command) {
+  const auto options = std::make_shared<ServersOptions>();
+  command.add_option("--timeout", options->seconds, "Seconds to wait for answers, 1 to 60 (default 4)")
+      ->type_name("S")
+      ->check(CLI::Range(1, 60).description(""));
+  addInterface(command, options->interfaceName, "that of the default\nroute");
+  addJson(command, options->json, "One JSON array");
+  return [options] { return runLibrary(*options); };
+}
+
+Run addSurvey(CLI::App& command) {
+  const auto options = std::make_shared<SurveyOptions>();
+  addHostOptions(command, options->host);
+  addSurveyOptions(command, *options);
+  return [options] { return runLibrary(*options); };
+}
+
 Run addDemo(CLI::App& command) {
   const auto options = std::make_shared<DemoOptions>();
   addHostOptions(command, options->host);
@@ -104,6 +122,8 @@ constexpr struct {
     {"play", "Check a resource and play it through a Java handler", kPlayHelp, addPlay},
     {"explain", "Explain why a resource plays as it does, or not at all", kExplainHelp, addExplain},
     {"renderer", "Be a media renderer on the network", kRendererHelp, addRenderer},
+    {"servers", "List the media servers on the network", kServersHelp, addServers},
+    {"survey", "Check everything that a media server has, and count", kSurveyHelp, addSurvey},
     {"demo", "Show one whole request against a media server of its own", kDemoHelp, addDemo},
 };
 

@@ -3,6 +3,7 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
@@ -35,12 +36,18 @@ void BatchOutput::add(const BatchResult& result, uint64_t inputEnd) {
   const std::lock_guard lock(mutex_);
   if (counts_) summary_.add(result.outcome);
   if (listener_ != nullptr) listener_->add(result.outcome);
-  const auto now = BatchProgress::Clock::now();
+  const auto now = RateProgress::Clock::now();
   if (results_ == BatchResults::kLines) {
     (pending_ += result.line) += '\n';
     if (pending_.size() >= kPieceBytes || now - flushed_ >= kFlushInterval) write();
   }
-  progress_.update(summary_.lines(), inputEnd, now);
+  if (progress_.isDue(now)) progress_.show(summary_.lines(), percent(inputEnd), now);
+}
+
+std::string BatchOutput::percent(uint64_t inputEnd) const {
+  if (inputBytes_.value_or(0) == 0) return "";
+  return ", " + std::to_string(std::min<uint64_t>(100 * inputEnd / *inputBytes_, 100)) +
+         " %";  // a file may grow
 }
 
 void BatchOutput::flush() {
@@ -69,7 +76,7 @@ void BatchOutput::write() {
   progress_.hide();
   writeAll(pending_);
   pending_ = {};  // a very long result must not keep its memory
-  flushed_ = BatchProgress::Clock::now();
+  flushed_ = RateProgress::Clock::now();
 }
 
 void BatchOutput::writeEnd() {

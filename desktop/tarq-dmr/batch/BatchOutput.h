@@ -5,7 +5,7 @@
 #include <string>
 
 #include "BatchListener.h"
-#include "BatchProgress.h"
+#include "RateProgress.h"
 
 // What standard output gets of a batch.
 enum class BatchResults { kLines, kSummaryText, kSummaryJson };
@@ -19,7 +19,7 @@ class BatchOutput {
   BatchOutput(BatchResults results, std::optional<uint64_t> inputBytes, BatchListener* listener)
       : results_(results),
         listener_(listener),
-        progress_(inputBytes),
+        inputBytes_(inputBytes),
         counts_(results != BatchResults::kLines || progress_.isShown() || listener != nullptr) {}
 
   // Flushes by itself every now and then, so that a slow check does not hold back the results before it.
@@ -34,13 +34,15 @@ class BatchOutput {
  private:
   void write();
   void writeEnd();
+  std::string percent(uint64_t inputEnd) const;
 
   const BatchResults results_;
   BatchListener* const listener_;
-  std::mutex mutex_;  // for all below
+  const std::optional<uint64_t> inputBytes_;  // of the whole input, if known
+  std::mutex mutex_;                          // for all below
   std::string pending_;
-  BatchProgress::Clock::time_point flushed_ = BatchProgress::Clock::now();
-  BatchProgress progress_;
+  RateProgress::Clock::time_point flushed_ = RateProgress::Clock::now();
+  RateProgress progress_{"lines"};
   const bool counts_;  // otherwise nobody sees the summary
   BatchSummary summary_;
   bool hasEnded_ = false;

@@ -26,13 +26,6 @@ void writeLogLine(const __android_logger_data* data, const char* message) {
   __android_log_stderr_logger(data, printable(message).c_str());
 }
 
-void setLogLevel(const std::string& level) {
-  const auto found = std::find(kLogLevels.begin(), kLogLevels.end(), level);
-  if (found == kLogLevels.end()) throw CommandError("unknown log level: " + level);
-  __android_log_set_logger(writeLogLine);
-  __android_log_set_minimum_priority(kLogPriorities[static_cast<size_t>(found - kLogLevels.begin())]);
-}
-
 // A path with a "/" in it, so that the loader does not look for the library elsewhere.
 fs::path pluginPath(const HostOptions& options) {
   if (!options.pluginPath.empty()) return fs::absolute(options.pluginPath);
@@ -40,6 +33,13 @@ fs::path pluginPath(const HostOptions& options) {
 }
 
 }  // namespace
+
+void setLogLevel(const std::string& level) {
+  const auto found = std::find(kLogLevels.begin(), kLogLevels.end(), level);
+  if (found == kLogLevels.end()) throw CommandError("unknown log level: " + level);
+  __android_log_set_logger(writeLogLine);
+  __android_log_set_minimum_priority(kLogPriorities[static_cast<size_t>(found - kLogLevels.begin())]);
+}
 
 TarqDmrPluginManager& openHost(const HostOptions& options) {
   setLogLevel(options.logLevel);

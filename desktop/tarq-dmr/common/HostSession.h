@@ -15,6 +15,10 @@ struct HostOptions {
 };
 inline constexpr std::array kLogLevels = {"debug", "info", "warn", "error", "silent"};
 
+// Sets the log up, for a program that loads no plug-in. `level`: one of kLogLevels.
+// Errors: CommandError when it is none.
+void setLogLevel(const std::string& level);
+
 // Sets the log up and loads the plug-in, which stays loaded until the process ends. Call it once.
 // Errors: CommandError when there is no such plug-in or when it lacks an export.
 TarqDmrPluginManager& openHost(const HostOptions& options);

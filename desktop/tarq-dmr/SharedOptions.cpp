@@ -195,6 +195,7 @@ void addSurveyOptions(CLI::App& command, SurveyOptions& options) {
   command.add_option("--ndjson", options.ndjsonFile, "Keep a JSON line for each item and region")
       ->type_name("FILE")
       ->check(notEmpty());
+  addHtml(command, options.htmlFile);
   addInterface(command, options.interfaceName, "that of the default\nroute");
   addJson(command, options.json, "The counts as one JSON object");
 }

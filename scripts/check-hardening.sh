@@ -18,9 +18,9 @@ unexpected_exports() {
     sed -E 's/\(.*//; s/::[^:]*$//' | sort -u) <(sort -u <<<"$1") | paste -sd' '
 }
 
-for file in bin/tarq-dmr lib/libtarq.so lib/libtarq_dmr_plugin.so lib/libtarq_renderer.so; do
+for file in bin/tarq-dmr lib/libtarq.so lib/libtarq_dmr_plugin.so lib/libtarq_renderer.so lib/libtarq_library.so; do
   file=$build/$file
-  [[ -e $file || $file != *renderer* ]] || continue  # left out where GUPnP is missing
+  [[ -e $file || ! $file =~ renderer|library ]] || continue  # left out where GUPnP is missing
   elf=$(readelf -dhlW "$file")
   imports=$(nm -D --undefined-only "$file")
   has 'Type: +DYN' "$elf" || fault "is not position-independent"
@@ -48,10 +48,11 @@ file=$build/lib/libtarq_dmr_plugin.so
 exports=$(unexpected_exports "$(sed -nE 's/^ +(\w+);$/\1/p' plugin/exports.map)")
 [ -z "$exports" ] || fault "exports what plugin/exports.map does not list: $exports"
 
-file=$build/lib/libtarq_renderer.so
-if [ -e "$file" ]; then
-  exports=$(unexpected_exports runTarqRenderer)
+for function in runTarqRenderer runTarqLibrary; do
+  file=$build/lib/libtarq_$(tr '[:upper:]' '[:lower:]' <<<"${function#runTarq}").so
+  [ -e "$file" ] || continue
+  exports=$(unexpected_exports "$function")
   [ -z "$exports" ] || fault "exports more than its one function: $exports"
-fi
+done
 
 exit $((faults > 0))

@@ -92,7 +92,7 @@ std::string reasonsText(const SurveySummary& summary) {
   for (size_t i = 0; i < summary.regions.size(); ++i)
     for (const auto& [key, count] : summary.regions[i].reasons)
       table.add(i, {stateWords(key.state), shownText(count.words, 80)}, count.items, &count.example);
-  return table.text("Why not");
+  return table.text("Why no res is played");
 }
 
 std::string changesText(const SurveySummary& summary) {

@@ -8,6 +8,7 @@
 
 #include "Browser.h"
 #include "ControlPoint.h"
+#include "ScriptedLibrary.h"
 #include "TestRows.h"
 
 namespace {
@@ -106,6 +107,29 @@ TEST(Report, ListsWhatTheBatchPrinted) {
   EXPECT_EQ(browser.run(kRows), rowsOf(Report::shared().lines));
   EXPECT_EQ(browser.run("return typeof hacked"), "undefined");
   EXPECT_THAT(browser.messages(), IsEmpty());
+}
+
+TEST(Report, ListsWhatTheSurveyKept) {
+  const ScriptedLibrary library([](const BrowseRequest& request) { return honestPage(request, 120); });
+  const fs::path page =
+      fs::temp_directory_path() / ("tarq-test-survey-" + std::to_string(::getpid()) + ".html");
+  const MemoryFile ndjson;
+  const Outcome outcome =
+      runProgram({"survey", library.url(), "--regions", "0,1", "--ndjson", ndjson.path(), "--html", page});
+  EXPECT_EQ(outcome.exitCode, 0) << outcome.err;
+  Json expected = Json::array();
+  for (const std::string& text : linesOf(ndjson.content())) {
+    const Json line = Json::parse(text);
+    EXPECT_TRUE(line["result"]["code"].is_null());
+    expected.push_back({line["title"], line["region"], "depends"});
+  }
+  EXPECT_EQ(expected.size(), 240U);
+  Browser& browser = Browser::shared();
+  browser.open("file://" + page.string());
+  EXPECT_EQ(browser.run("return document.querySelector('h1').textContent"), "Scripted");
+  EXPECT_EQ(browser.run(kRows), expected);
+  EXPECT_THAT(browser.messages(), IsEmpty());
+  fs::remove(page);
 }
 
 const struct {

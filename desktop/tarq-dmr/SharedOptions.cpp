@@ -154,10 +154,10 @@ void addInterface(CLI::App& command, std::string& name, const char* usual) {
 }
 
 void addSurveyOptions(CLI::App& command, SurveyOptions& options) {
-  command.add_option("server", options.server, "The URL of its description, or a part of its name")
-      ->type_name("")
-      ->required()
-      ->check(notEmpty());
+  const CLI::Option* const server =
+      command.add_option("server", options.server, "The URL of its description, or a part of its name")
+          ->type_name("")
+          ->check(notEmpty());
   command
       .add_option("--container", options.container, "Where to begin: the id of a container (default 0,\nall)")
       ->type_name("ID")
@@ -165,7 +165,7 @@ void addSurveyOptions(CLI::App& command, SurveyOptions& options) {
   const auto storeOne = [&options](const std::string& number) {
     options.regions = {regionOf("--region", number)};
   };
-  CLI::Option* const region =
+  const CLI::Option* const region =
       command.add_option_function<std::string>("--region", storeOne, "Region to check for (default 0)")
           ->type_name("N");
   const auto storeAll = [&options](const std::string& list) {
@@ -173,12 +173,12 @@ void addSurveyOptions(CLI::App& command, SurveyOptions& options) {
     for (const std::string_view number : splitCommas(list))
       options.regions.push_back(regionOf("--regions", number));
   };
-  command
-      .add_option_function<std::string>("--regions", storeAll,
-                                        "Several regions side by side, such as 0,1,2,16")
-      ->type_name("LIST")
-      ->check(notEmpty())
-      ->excludes(region);
+  const CLI::Option* const regions =
+      command
+          .add_option_function<std::string>("--regions", storeAll,
+                                            "Several regions side by side, such as 0,1,2,16")
+          ->type_name("LIST")
+          ->check(notEmpty());
   command.add_flag("--probe", options.probe, "Ask the server for each item as the check would");
   command.add_option("--jobs", options.jobs, "Items checked at once, 1 to 64 (default 4)")
       ->type_name("N")
@@ -191,4 +191,8 @@ void addSurveyOptions(CLI::App& command, SurveyOptions& options) {
       ->check(notEmpty());
   addInterface(command, options.interfaceName, "that of the default\nroute");
   addJson(command, options.json, "The counts as one JSON object");
+  command.callback([server, region, regions] {
+    if (server->empty()) throw CLI::RequiredError("a server");
+    if (!region->empty() && !regions->empty()) throw CLI::ExcludesError("--region", "--regions");
+  });
 }

@@ -172,7 +172,7 @@ std::string fewItems(const BrowseRequest& request) {
   return onePage(request, rooted(objects.didl), objects.count);
 }
 
-constexpr const char* kCounts = R"(Scripted (Test): 4 items in 1 containers
+constexpr const char* kCounts = R"(Scripted (Test): 4 items in 1 container
 
 All items
   region 0  region 1  state

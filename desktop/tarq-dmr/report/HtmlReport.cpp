@@ -92,14 +92,14 @@ void HtmlReport::add(std::string_view item) {
 }
 
 void HtmlReport::end(const ReportSummary& summary) {
-  constexpr size_t kAfterItems = kItemsAt + kItems.size();
-  put(kPage.substr(kAfterItems, kSummaryAt - kAfterItems));
+  const size_t afterItems = kItemsAt + kItems.size();
+  put(kPage.substr(afterItems, kSummaryAt - afterItems));
   put("<header>" + element("h1", "", summary.title) + element("p", " class=\"soft\"", summary.subtitle) +
       factsHtml(summary.facts) + "</header>\n<div class=\"charts\">\n");
   for (const ReportChart& chart : summary.charts) put(chartHtml(chart));
   put("</div>\n");
-  constexpr size_t kAfterSummary = kSummaryAt + kSummary.size();
-  put(kPage.substr(kAfterSummary, kDetailsAt - kAfterSummary));
+  const size_t afterSummary = kSummaryAt + kSummary.size();
+  put(kPage.substr(afterSummary, kDetailsAt - afterSummary));
   if (!summary.text.empty())
     put("<h2>Step by step</h2>\n<pre tabindex=\"0\">" + html(summary.text) + "</pre>\n");
   put(kPage.substr(kDetailsAt + kDetails.size()));

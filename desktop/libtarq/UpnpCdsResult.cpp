@@ -206,8 +206,11 @@ struct UpnpCdsResult::Document {
 bool UpnpCdsResult::Document::parse(const char* didl, size_t length) {
   // With the NUL: pugixml overlooks a junk byte where it is to put one itself.
   text.reset(new char[length + 1]);
-  const bool manyMarks = copyCounting({didl, length + 1}, text.get()) > std::min(kMaxTags, kMaxEqualSigns);
-  if (manyMarks && treeExcess({didl, length}) != TreeExcess::kNone) return false;
+  // The limit of tags is the lower one: with fewer bytes of interest a document is not too large.
+  if (length <= kMaxTags)
+    std::memcpy(text.get(), didl, length + 1);
+  else if (copyCounting({didl, length + 1}, text.get()) > kMaxTags && treeExcess(didl) != TreeExcess::kNone)
+    return false;
   if (!xml.load_buffer_inplace(text.get(), length + 1, kParseFlags, pugi::encoding_utf8)) return false;
 
   const pugi::xml_node root = rootOf(xml);

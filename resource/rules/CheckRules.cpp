@@ -39,8 +39,7 @@ bool contains(const char* string, const char* part) { return std::strstr(string,
 // Returns: how many tests come before the first that the metadata passes.
 size_t firstPassed(std::string_view metadata, bool homeNetwork) {
   size_t first = kQuickTests.size();
-  size_t star = kBeforeStar.size();
-  for (; (star = metadata.find('*', star)) != metadata.npos; ++star) {
+  for (size_t star = kBeforeStar.size(); (star = metadata.find('*', star)) != metadata.npos; ++star) {
     const std::string_view found = metadata.substr(star - kBeforeStar.size());
     for (size_t i = 0; i < first; ++i) {
       const QuickTest& test = kQuickTests[i];

@@ -12,13 +12,16 @@ inline constexpr size_t kMaxDidlBytes = size_t{4} << 20;
 inline constexpr size_t kMaxTags = 16'384;
 inline constexpr size_t kMaxEqualSigns = 65'536;
 
+inline size_t countOf(std::string_view xml, char mark) {
+  return static_cast<size_t>(std::ranges::count(xml, mark));
+}
+
 // What makes the tree of an XML document too large to build, whatever its length.
 enum class TreeExcess { kNone, kTags, kEqualSigns };
 
-constexpr TreeExcess treeExcess(std::string_view xml) {
-  const auto countOf = [&](char c) { return static_cast<size_t>(std::ranges::count(xml, c)); };
-  if (countOf('<') > kMaxTags) return TreeExcess::kTags;
-  return countOf('=') > kMaxEqualSigns ? TreeExcess::kEqualSigns : TreeExcess::kNone;
+inline TreeExcess treeExcess(std::string_view xml) {
+  if (countOf(xml, '<') > kMaxTags) return TreeExcess::kTags;
+  return countOf(xml, '=') > kMaxEqualSigns ? TreeExcess::kEqualSigns : TreeExcess::kNone;
 }
 
 #endif  // DIDL_BOUNDS_H_

@@ -146,7 +146,7 @@ CommandRuns addCommands(CLI::App& app) {
 
 int runCommandLine(int argc, char** argv) {
   CLI::App app("Loads a DLNA renderer plug-in and uses it as the host of a renderer would.", "tarq-dmr");
-  app.set_version_flag("--version", "tarq-dmr " TARQ_DMR_VERSION);
+  app.set_version_flag("--version", versionText, "Print this version and that of the plug-in and\nexit");
   app.get_formatter()->column_width(22);  // of names, so that nothing is wider than 80 columns
   app.footer(std::string(kProgramHelp) + kExitCodesHelp);
   app.failure_message(usageError);

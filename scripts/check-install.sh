@@ -20,6 +20,25 @@ fi
 item=(http://media.example/film.mp4 "$prefix/share/doc/tarq-dmr/docs/examples/thumbnail-only.xml")
 "$prefix/bin/tarq-dmr" check "${item[0]}" --metadata "${item[1]}" >/dev/null
 
+# What a shell completes, and what man complains of.
+cd "$prefix/share"
+for page in man/man*/*; do
+  complaints=$(LC_ALL=C.UTF-8 man --warnings --encoding=UTF-8 --local-file "$page" 2>&1 >/dev/null)
+  [[ -z $complaints ]] || { echo "$page: $complaints" >&2 && exit 1; }
+done
+zsh -n zsh/vendor-completions/_tarq-dmr
+[[ $(fish --no-config -c 'source fish/vendor_completions.d/tarq-dmr.fish; complete -C "tarq-dmr ch"') == check* ]]
+# shellcheck source=/dev/null
+source bash-completion/completions/tarq-dmr
+completed() {
+  COMP_WORDS=(tarq-dmr "$@") COMP_CWORD=$#
+  _tarq_dmr
+  echo "${COMPREPLY[@]}"
+}
+[[ $(completed su) == survey && $(completed check --meta) == --metadata && $(completed sink --region '') == '' ]]
+[[ $(completed check --metadata man/man1/tarq-dmr-se) == man/man1/tarq-dmr-servers.1 ]]
+cd "$OLDPWD"
+
 # With CMake, and with pkg-config.
 cmake -S "$prefix/share/doc/tarq-dmr/examples/host" -B "$folder/host" -DCMAKE_PREFIX_PATH="$prefix" >/dev/null
 cmake --build "$folder/host" >/dev/null

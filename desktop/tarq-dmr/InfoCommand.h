@@ -11,7 +11,8 @@ struct InfoOptions {
 };
 int runInfo(const InfoOptions& options);
 
-// Returns: the version of the program, the commit that it was built of, and what the installed plug-in says of itself.
+// Returns: the version of the program, the commit that it was built of, and what the installed plug-in says
+// of itself.
 std::string versionText();
 
 #endif  // TARQ_DMR_INFO_COMMAND_H_

@@ -3,8 +3,8 @@
 
 #include <filesystem>
 
-// Returns: where a file of this program lies: in the folder of libtarq.so, which the loader has found already. So
-// nobody else knows how the folders of a build and of an installation differ. `file`: "tarq-renderer.jar".
+// Returns: where a file of this program lies: in the folder of libtarq.so, which the loader has found already,
+// so that an installation may have other folders than a build. `file`: "tarq-renderer.jar".
 std::filesystem::path installedFile(const char* file);
 
 // Loads a library of this program that only some commands need. It stays loaded until the process ends.

@@ -1,5 +1,6 @@
 # Where `cmake --install` puts things below its prefix. Nothing installed knows the prefix: the folder can be moved.
 # The libraries are not for the loader's own folders: on a device, libtarq is another one.
+set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)  # tests and benchmarks need not be built
 set(TARQ_LIBRARY_FOLDER lib/tarq-dmr)
 set(TARQ_HEADER_FOLDER include/tarq-dmr)
 set(TARQ_PACKAGE_FOLDER lib/cmake/tarq_dmr)

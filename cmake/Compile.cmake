@@ -7,7 +7,7 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 
-# Libraries are found from the file that needs them, so that bin/ and lib/ can be moved together.
+# Libraries are found from the file that needs them.
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 
 option(TARQ_BENCH "Build the benchmarks" OFF)

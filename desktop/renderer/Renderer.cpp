@@ -164,7 +164,7 @@ void RunningRenderer::writeDescription(const std::string& hexDigits) {
   for (const Service* service : kServices) {
     folder_.write(std::string(service->name) + ".xml", serviceDescription(*service, transport_.playSpeeds()));
   }
-  folder_.copyFrom(installedFile("share/tarq-dmr/icons"));
+  folder_.copyFrom(installedFile("icons"));
 }
 
 void RunningRenderer::act(std::unique_ptr<PendingAction> action) {

@@ -7,14 +7,15 @@ inline constexpr const char* kProgramHelp =
     "Examples:\n"
     "  tarq-dmr demo\n"
     "  tarq-dmr check http://192.168.0.2:8200/23.mpg --metadata item.xml --region 1\n"
-    "  tarq-dmr COMMAND --help\n\n";
+    "  tarq-dmr COMMAND --help\n"
+    "  tarq-dmr help TOPIC\n\n";
 
 // After the help of every command with --region.
 inline constexpr const char* kRegionHelp =
     "The region is a set of bits, decimal or 0x..., signed 32 bits; the host sets it\n"
     "to say where the renderer is sold. It decides which media profiles are offered\n"
     "and which resources play; exactly 16 adds RealMedia. Default 0: only what every\n"
-    "region has.\n\n";
+    "region has. See tarq-dmr help regions.\n\n";
 
 // At the very end.
 inline constexpr const char* kExitCodesHelp =
@@ -126,5 +127,12 @@ inline constexpr const char* kDemoHelp =
     "Example:\n"
     "  tarq-dmr demo --log debug\n\n"
     "Nothing leaves this computer. Exits with 1 when a step fails.\n\n";
+
+inline constexpr const char* kHelpHelp =
+    "Examples:\n"
+    "  tarq-dmr help regions\n"
+    "  tarq-dmr help check\n\n"
+    "Without a topic it lists the topics. With a command it prints what the command\n"
+    "prints with --help.\n\n";
 
 #endif  // TARQ_DMR_COMMAND_HELP_H_

@@ -66,13 +66,8 @@ void checkLeftovers(const CLI::App& app) {
 }
 
 void checkAll(const CLI::App& app) {
-  const auto commands = app.get_subcommands();
-  if (commands.size() > 1) {
-    const std::string names = commands[0]->get_name() + " and " + commands[1]->get_name();
-    throw CLI::ParseError("two commands in one line: " + names, CLI::ExitCodes::ExtrasError);
-  }
   checkLeftovers(app);
-  for (const CLI::App* command : commands) checkLeftovers(*command);
+  for (const CLI::App* command : app.get_subcommands()) checkLeftovers(*command);
 }
 
 }  // namespace

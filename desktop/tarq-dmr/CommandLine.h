@@ -3,8 +3,8 @@
 
 #include <CLI/CLI.hpp>
 
-// Makes `app` reject, in words that lead on, whatever its commands and options do not take: a second command, an
-// unknown command or option, an argument too many. Call it when all commands were added.
+// Makes `app` reject, in words that lead on, whatever its commands and options do not take: an unknown
+// command or option, an argument too many. Call it when all commands were added.
 // Errors: the parsing throws CLI::ParseError. It does so before any callback of a command runs, because a mistyped
 // option also puts its value in the wrong place.
 void rejectLeftovers(CLI::App& app);

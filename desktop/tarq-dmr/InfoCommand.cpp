@@ -86,11 +86,14 @@ void printSettings(const char* heading, const Setting<Interface> (&settings)[N],
   for (const auto& setting : settings) printSetting(setting.name, setting.read(from));
 }
 
-void printPlugin(const PluginInfo& info) {
+std::string versionOf(const PluginInfo& info) {
   const auto& v = info.version;
-  const std::string version = std::to_string(v[0]) + "." + std::to_string(v[1]) + "." + std::to_string(v[2]);
+  return std::to_string(v[0]) + "." + std::to_string(v[1]) + "." + std::to_string(v[2]);
+}
+
+void printPlugin(const PluginInfo& info) {
   std::printf("Plug-in\n");
-  printRow("version", kNameWidth, version.c_str());
+  printRow("version", kNameWidth, versionOf(info).c_str());
   printRow("company", kNameWidth, recordString(info.company).c_str());
   printRow("product", kNameWidth, recordString(info.product).c_str());
   printRow("description", kNameWidth, recordString(info.description).c_str());
@@ -135,4 +138,16 @@ int runInfo(const InfoOptions& options) {
     printSettings("Control-point parameters", kControlPointSettings, *host.GetCpParams());
   }
   return kExitOk;
+}
+
+std::string versionText() {
+  const std::string program = "tarq-dmr " TARQ_DMR_VERSION " (commit " TARQ_DMR_COMMIT ")\nplug-in ";
+  try {
+    const PluginInfo& info = *openHost({}).GetPluginInfo();
+    const std::string record = versionOf(info) + ": " + recordString(info.company) + ", " +
+                               recordString(info.product) + ", " + recordString(info.description);
+    return program + printable(record.c_str());
+  } catch (const CommandError& error) {
+    return program + printable(error.what());
+  }
 }

@@ -4,6 +4,6 @@
 #include "Renderer.h"
 
 int runRenderer(const RendererOptions& options) {
-  void* const run = loadFunction("lib/libtarq_renderer.so", kRunTarqRenderer, "the renderer");
+  void* const run = loadFunction("libtarq_renderer.so", kRunTarqRenderer, "the renderer");
   return reinterpret_cast<RunTarqRenderer>(run)(options);
 }

@@ -23,6 +23,7 @@ const struct {
   const char* complaint;
 } kWrongUsages[] = {
     {"UnknownCommand", "paly", "paly"},
+    {"UnknownTopic", "help paly", "no topic or command paly"},
     {"CheckNothing", "check", "URI or --batch"},
     {"ExplainNothing", "explain", "URI or --batch"},
     {"UriAndBatch", "check a.xyz --batch -", "--batch"},

@@ -29,7 +29,7 @@ void writeLogLine(const __android_logger_data* data, const char* message) {
 // A path with a "/" in it, so that the loader does not look for the library elsewhere.
 fs::path pluginPath(const HostOptions& options) {
   if (!options.pluginPath.empty()) return fs::absolute(options.pluginPath);
-  return installedFile("lib/libtarq_dmr_plugin.so");
+  return installedFile("libtarq_dmr_plugin.so");
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "InstalledFiles.h"
 
 #include <dlfcn.h>
+#include <link.h>
 
 #include <string>
 
@@ -9,8 +10,12 @@
 namespace fs = std::filesystem;
 
 fs::path installedFile(const char* file) {
-  const fs::path binFolder = fs::read_symlink("/proc/self/exe").parent_path();
-  return (binFolder / ".." / file).lexically_normal();
+  void* const libtarq = dlopen("libtarq.so", RTLD_NOW | RTLD_NOLOAD);
+  const link_map* loaded = nullptr;
+  if (libtarq == nullptr || dlinfo(libtarq, RTLD_DI_LINKMAP, &loaded) != 0) throw CommandError(dlerror());
+  const fs::path path = fs::absolute(loaded->l_name);
+  dlclose(libtarq);
+  return path.lexically_normal().replace_filename(file);
 }
 
 void* loadFunction(const char* file, const char* name, const char* whole) {

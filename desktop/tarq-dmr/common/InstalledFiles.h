@@ -3,7 +3,8 @@
 
 #include <filesystem>
 
-// Returns: where a file lies that was installed with this program, wherever that was. `file`: "lib/tarq-renderer.jar".
+// Returns: where a file of this program lies: in the folder of libtarq.so, which the loader has found already,
+// so that an installation may have other folders than a build. `file`: "tarq-renderer.jar".
 std::filesystem::path installedFile(const char* file);
 
 // Loads a library of this program that only some commands need. It stays loaded until the process ends.

@@ -1,7 +1,15 @@
 #ifndef TARQ_DMR_RESULT_TEXT_H_
 #define TARQ_DMR_RESULT_TEXT_H_
 
-// A result code of a check in words.
+#include <span>
+
+// The result codes of a check in words.
+struct ResultText {
+  int code;
+  const char* words;
+};
+std::span<const ResultText> resultTexts();
+
 // Null: never.
 const char* describe(int resultCode);
 

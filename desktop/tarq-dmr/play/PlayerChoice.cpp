@@ -37,7 +37,7 @@ fs::path existing(const fs::path& file) {
 
 // The handler's own jar, if any, goes before the one with its base class.
 std::vector<std::string> classPathOf(const PlayerChoice& choice) {
-  std::vector<std::string> jars = {existing(installedFile("lib/tarq-renderer.jar"))};
+  std::vector<std::string> jars = {existing(installedFile("tarq-renderer.jar"))};
   if (!choice.jar.empty()) jars.insert(jars.begin(), existing(choice.jar));
   return jars;
 }

@@ -143,7 +143,10 @@ PlayerChoice RunningRenderer::choosePlayer() const {
 
 void RunningRenderer::startPlayer() {
   renderingWorker_ = std::make_unique<Worker>();
-  transportWorker_ = std::make_unique<Worker>([this] { transport_.poll(); });
+  // Between the end of the session and that of the worker there is no handler to ask.
+  transportWorker_ = std::make_unique<Worker>([this] {
+    if (session_ != nullptr) transport_.poll();
+  });
   const auto start = std::make_shared<std::packaged_task<void()>>([this] {
     session_ = std::make_unique<PlayerSession>(*host_.GetPlayer(), choosePlayer());
     transport_.begin(*host_.GetPlayer(), session_->handler());

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "AvChoice.h"
 #include "BareWalk.h"
 #include "BenchItems.h"
 #include "Checker.h"
@@ -15,13 +16,15 @@
 
 namespace {
 
-size_t sinkProtocolInfo() {
-  return static_cast<size_t>(*TarqDmrPluginManager::GetInstance()->GetParams()->GetSinkProtocolInfo());
+const char* sinkProtocolInfo() {
+  return TarqDmrPluginManager::GetInstance()->GetParams()->GetSinkProtocolInfo();
 }
 
 size_t work(std::string_view what, const std::string& item) {
   if (what == "check") return static_cast<size_t>(wholeCheck(item));
-  return what == "walk" ? bareWalk(item) : sinkProtocolInfo();
+  if (what == "walk") return bareWalk(item);
+  static const std::string sink = sinkProtocolInfo();
+  return what == "av" ? avChoice(item, sink.c_str()) : static_cast<size_t>(*sinkProtocolInfo());
 }
 
 }  // namespace
@@ -29,7 +32,7 @@ size_t work(std::string_view what, const std::string& item) {
 int main(int argc, char** argv) {
   const auto* kind = argc == 5 ? std::ranges::find(kBenchKinds, argv[2], &BenchKind::name) : nullptr;
   if (kind == nullptr || kind == std::end(kBenchKinds)) {
-    std::fputs("usage: tarq-work check|walk|sink video|music|photo RES_COUNT REPETITIONS\n", stderr);
+    std::fputs("usage: tarq-work check|walk|av|sink video|music|photo RES_COUNT REPETITIONS\n", stderr);
     return 2;
   }
   newChecker(2);

@@ -35,7 +35,7 @@ endif()
 # scripts/check-hardening.sh checks that it arrived.
 set(hardening -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -D_GLIBCXX_ASSERTIONS)
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86|i.86|AMD64")
-  list(APPEND hardening -fcf-protection)
+  list(APPEND hardening -fcf-protection -fno-plt)
 endif()
 add_compile_options("$<$<CONFIG:Release>:${hardening}>")
 add_link_options("$<$<CONFIG:Release>:-Wl,-z,relro,-z,now,-z,noexecstack>")

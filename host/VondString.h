@@ -37,8 +37,9 @@ class TARQ_HOST_API VondString {
 
   // Equal when both are absent or both hold the same bytes; absent and empty differ.
   friend bool operator==(const VondString& a, const VondString& b) noexcept {
+    if (a.length_ != b.length_) return false;
     if (a.data_ == nullptr || b.data_ == nullptr) return a.data_ == b.data_;
-    return a.length_ == b.length_ && std::memcmp(a.data_, b.data_, a.length_) == 0;
+    return std::memcmp(a.data_, b.data_, a.length_) == 0;
   }
 
  private:

@@ -49,9 +49,12 @@ void readOperation(const char* fourthField, VondString& operation) {
 
 TarqResourceChecker::~TarqResourceChecker() { delete ownedFormat_; }
 
-TarqResourceChecker::TarqResource TarqResourceChecker::workingValues() {
-  return {uri_,  mimeType_, additionalInfo_, contentFormat_, resIndex_,
-          size_, duration_, reserved_,       operation_,     ownedFormat_};
+TarqResourceChecker::TarqResource& TarqResourceChecker::startWork() {
+  if (!workingIsPublished_) return *working_;
+  workingIsPublished_ = false;
+  const TarqResource& published = *working_;
+  working_ = &resources_[working_ == resources_ ? 1 : 0];
+  return *working_ = published;
 }
 
 int TarqResourceChecker::CheckResource(const char* uri, const char* metadata) {
@@ -63,20 +66,16 @@ int TarqResourceChecker::CheckResource(const char* uri, const char* metadata) {
   if (!homeNetwork)
     __android_log_print(ANDROID_LOG_DEBUG, kLogTag, "\nInternet Content URL %s Request", host);
   if (const QuickTest* test = findQuickTest(uri, metadata, homeNetwork)) {
-    return acceptQuickly(uri, mimeTypeOf(*test, metadata));
+    result_.uri = uri;
+    result_.mimeType = mimeTypeOf(*test, metadata);
+    return kAccepted;
   }
   return checkFully(uri, metadata, host, homeNetwork);
 }
 
-int TarqResourceChecker::acceptQuickly(const char* uri, const char* mimeType) {
-  result_.uri = uri;
-  result_.mimeType = mimeType;
-  return kAccepted;
-}
-
 int TarqResourceChecker::checkFully(const char* uri, const char* metadata, const char* host,
                                     bool homeNetwork) {
-  TarqResource resource = workingValues();
+  TarqResource& resource = startWork();
   xMraCategory category = kCategoryUnknown;
   const bool chosen = selectResource(metadata, resource, category) == 0;
   if (!chosen) resource.uri = uri;
@@ -91,24 +90,17 @@ int TarqResourceChecker::checkFully(const char* uri, const char* metadata, const
 }
 
 int TarqResourceChecker::publish(const TarqResource& resource) {
-  delete resource.ownedFormat;
-  resource.ownedFormat = new (std::nothrow) VondString(resource.contentFormat);
-  const auto keep = [](VondString& kept, const VondString& value) {
-    kept = value;
-    return kept.c_str();
-  };
-  result_.uri = keep(published_.uri, resource.uri);
-  result_.mimeType = keep(published_.mimeType, resource.mimeType);
-  result_.additionalInfo = keep(published_.additionalInfo, resource.additionalInfo);
-  result_.size = keep(published_.size, resource.size);
-  result_.duration = keep(published_.duration, resource.duration);
-  result_.reserved = keep(published_.reserved, resource.reserved);
-  result_.operation = keep(published_.operation, resource.operation);
+  delete ownedFormat_;
+  ownedFormat_ = new (std::nothrow) VondString(resource.contentFormat);
+  workingIsPublished_ = true;
+  result_ = {resource.uri.c_str(),      resource.mimeType.c_str(),  resource.additionalInfo.c_str(),
+             resource.resIndex,         resource.size.c_str(),      resource.duration.c_str(),
+             resource.reserved.c_str(), resource.operation.c_str(), ownedFormat_};
   return kAccepted;
 }
 
 TarqResourceInfo* TarqResourceChecker::GetResource() {
-  result_.resIndex = resIndex_;
+  result_.resIndex = working_->resIndex;
   result_.contentFormat = ownedFormat_;
   return &result_;
 }
@@ -196,7 +188,7 @@ int TarqResourceChecker::getResourceHeader(TarqResource& resource, xMraCategory&
 
 // Looks up the format group by the server's answer.
 // Returns: 0 found, 1 not found.
-int TarqResourceChecker::getContentFormat(const TarqResource& resource) {
+int TarqResourceChecker::getContentFormat(TarqResource& resource) {
   const char* mimeType = resource.mimeType.c_str();
   if (mimeType == nullptr || !VondMimeType(mimeType).IsValid()) return 1;
   const VondPI4thField parameters(orEmpty(resource.additionalInfo.c_str()));

@@ -27,58 +27,38 @@ class TarqResourceChecker final : public TarqResourceCheckerInterface {
   void Cancel() override;
 
  private:
-  // The working values of one check, as its steps fill them.
+  // What a check finds out step by step. A step that is left out leaves what an earlier check found.
   struct TarqResource {
-    VondString& uri;
-    VondString& mimeType;
-    VondString& additionalInfo;
-    VondString& contentFormat;
-    int& resIndex;
-    VondString& size;
-    VondString& duration;
-    VondString& reserved;
-    VondString& operation;
-    VondString*& ownedFormat;
-  };
-
-  // The strings of the last accepted full check. They are copies: a later check that is refused overwrites
-  // the working values.
-  struct Published {
     VondString uri;
     VondString mimeType;
     VondString additionalInfo;
+    VondString contentFormat;
+    int resIndex = -1;
     VondString size;
     VondString duration;
     VondString reserved;
     VondString operation;
   };
 
-  TarqResource workingValues();
-  int acceptQuickly(const char* uri, const char* mimeType);
+  TarqResource& startWork();
   int checkFully(const char* uri, const char* metadata, const char* host, bool homeNetwork);
   int publish(const TarqResource& resource);
 
   TarqCheckResult ask(const char* uri, MediaCategory category, VondHspDlnaResponse& response);
   int selectResource(const char* metadata, TarqResource& resource, xMraCategory& category);
   int getResourceHeader(TarqResource& resource, xMraCategory& category);
-  int getContentFormat(const TarqResource& resource);
+  int getContentFormat(TarqResource& resource);
 
   const int region_;
   VondMutex mutex_;
   VondHspClient* client_ = nullptr;  // of a request in flight
   bool cancelled_ = false;           // never reset
 
-  VondString uri_;
-  VondString mimeType_;
-  VondString additionalInfo_;
-  VondString contentFormat_;
-  int resIndex_ = -1;
-  VondString size_;
-  VondString duration_;
-  VondString reserved_;
-  VondString operation_;
+  // Two, because what was published must outlive the work of a later check that is refused.
+  TarqResource resources_[2];
+  TarqResource* working_ = &resources_[0];
+  bool workingIsPublished_ = false;
 
-  Published published_;
   TarqResourceInfo result_{};          // its strings are null until a check sets them
   VondString* ownedFormat_ = nullptr;  // the copy that `GetResource` hands out
 };

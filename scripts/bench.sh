@@ -31,6 +31,13 @@ for kind in video music photo; do
       'BEGIN {printf "%-6s %5d %12d %12d %6.2f\n", kind, count, walk, check, check / walk}'
   done
 done
+printf "\n== instructions of GUPnP AV's own choice for the same document\n%-6s %5s %12s %6s\n" kind res choice times
+for count in 1 16; do
+  choice=$(instructions av video "$count")
+  check=$(instructions check video "$count")
+  awk -v count="$count" -v choice="$choice" -v check="$check" \
+    'BEGIN {printf "%-6s %5d %12d %6.1f\n", "video", count, choice, choice / check}'
+done
 printf '\n== the sink protocolInfo of region 2: %d instructions\n' "$(instructions sink video 1)"
 
 printf '\n== times; baseline: the same work with bare libraries\n'

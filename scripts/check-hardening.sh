@@ -49,10 +49,11 @@ file=$build/lib/libtarq_dmr_plugin.so
 exports=$(unexpected_exports "$(sed -nE 's/^ +(\w+);$/\1/p' plugin/exports.map)")
 [ -z "$exports" ] || fault "exports what plugin/exports.map does not list: $exports"
 
-file=$build/lib/libtarq_renderer.so
-if [ -e "$file" ]; then
-  exports=$(unexpected_exports runTarqRenderer)
+for function in runTarqRenderer runTarqLibrary; do
+  file=$build/lib/libtarq_$(tr '[:upper:]' '[:lower:]' <<<"${function#runTarq}").so
+  [ -e "$file" ] || continue
+  exports=$(unexpected_exports "$function")
   [ -z "$exports" ] || fault "exports more than its one function: $exports"
-fi
+done
 
 exit $((faults > 0))

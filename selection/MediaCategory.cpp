@@ -79,26 +79,21 @@ MediaCategory categoryOfExtension(const char* extension) {
   return firstMatch(kExtensions, [&](const char* name) { return equalsIgnoringCase(extension, name); });
 }
 
-struct Categorised {
-  MediaCategory category;
-  CategoryStage by;
-};
-
-// Each stage decides only what the stages before it left open.
-Categorised categorise(const char* mimeType, const char* extension, const char* dlnaPn) {
-  MediaCategory category = categoryOfMimeType(mimeType);
-  if (category != kCategoryUnknown) return {category, CategoryStage::kMimeType};
-  category = categoryOfProfile(dlnaPn);
-  if (category != kCategoryUnknown) return {category, CategoryStage::kProfileName};
-  category = categoryOfExtension(extension);
-  return {category, category == kCategoryUnknown ? CategoryStage::kNone : CategoryStage::kExtension};
-}
-
 }  // namespace
 
+// Each stage decides only what the stages before it left open.
 MediaCategory TarqDlnaResSelection::selectMediaCategory(const char* mimeType, const char* extension,
                                                         const char* dlnaPn, CategoryStage* stage) const {
-  const Categorised result = categorise(mimeType, extension, dlnaPn);
-  if (stage != nullptr) *stage = result.by;
-  return result.category;
+  CategoryStage by = CategoryStage::kMimeType;
+  MediaCategory category = categoryOfMimeType(mimeType);
+  if (category == kCategoryUnknown) {
+    by = CategoryStage::kProfileName;
+    category = categoryOfProfile(dlnaPn);
+  }
+  if (category == kCategoryUnknown) {
+    by = CategoryStage::kExtension;
+    category = categoryOfExtension(extension);
+  }
+  if (stage != nullptr) *stage = category == kCategoryUnknown ? CategoryStage::kNone : by;
+  return category;
 }

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "SurveyedItem.h"
+#include "LibraryItem.h"
 
 struct LibraryContainer {
   std::string id;

@@ -6,7 +6,7 @@
 #include <mutex>
 #include <vector>
 
-#include "SurveyedItem.h"
+#include "LibraryItem.h"
 
 // Items on their way from whoever browses to whoever checks. It has room for so much that neither waits for a moment of
 // the other, and no more.

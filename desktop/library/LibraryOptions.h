@@ -24,6 +24,7 @@ struct SurveyOptions {
   int jobs = 4;
   std::optional<int64_t> limit;  // of items
   std::optional<std::string> ndjsonFile;
+  std::optional<std::string> htmlFile;
   std::string interfaceName;  // for the search of a name; empty: that of the default route
   bool json = false;
 };

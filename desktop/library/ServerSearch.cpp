@@ -1,6 +1,7 @@
 #include "ServerSearch.h"
 
 #include <libgupnp/gupnp.h>
+#include <libxml/xmlerror.h>
 
 #include <algorithm>
 #include <map>
@@ -53,6 +54,9 @@ Owner<GUPnPContext> newContext(const std::string& interfaceName) {
   throw CommandError(words);
 }
 
+// libxml2 would quote what is wrong with a description to the terminal.
+void ignoreXmlError(void*, const char*, ...) {}
+
 std::string lowerCase(std::string text) {
   std::ranges::transform(text, text.begin(), g_ascii_tolower);
   return text;
@@ -67,6 +71,7 @@ std::string namesOf(const std::vector<MediaServer>& servers) {
 }  // namespace
 
 std::vector<MediaServer> findServers(const std::string& interfaceName, int seconds) {
+  xmlSetGenericErrorFunc(nullptr, ignoreXmlError);
   MainLoop loop;
   ServersByUdn byUdn;
   const Owner<GUPnPContext> context = newContext(interfaceName);

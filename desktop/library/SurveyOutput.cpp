@@ -36,6 +36,7 @@ void writeLine(std::FILE* file, const LibraryItem& item, int32_t region, const C
 
 SurveyOutput::SurveyOutput(const SurveyOptions& options, const ServerDescription& server)
     : options_(options), server_(server), progress_("items"), summary_(options.regions) {
+  if (options.htmlFile) html_.emplace(*options.htmlFile);
   if (!options.ndjsonFile) return;
   ndjson_.reset(std::fopen(options.ndjsonFile->c_str(), "we"));
   if (ndjson_ == nullptr) failToWrite(*options.ndjsonFile);
@@ -60,6 +61,8 @@ void SurveyOutput::add(const SurveyedItem& item) {
       writeLine(ndjson_.get(), item.item, options_.regions[i], item.facts[i]);
     if (std::ferror(ndjson_.get()) != 0) failToWrite(*options_.ndjsonFile);
   }
+  for (const CheckFacts& facts : item.facts)
+    if (html_) html_->add(itemJson(facts, item.item.title));
   const auto now = RateProgress::Clock::now();
   if (progress_.isDue(now)) progress_.show(summary_.items, ", in " + shown(container_.c_str(), 40), now);
 }
@@ -85,6 +88,7 @@ void SurveyOutput::writeEnd(SurveyEnd end) {
   summary_.end = end;
   progress_.end(summary_.items, "");
   if (ndjson_ != nullptr && std::fflush(ndjson_.get()) != 0) failToWrite(*options_.ndjsonFile);
+  if (html_) html_->end(surveyPage(server_, summary_));
   if (options_.json) {
     JsonWriter json(stdout);
     writeSurvey(json, server_, summary_);

@@ -4,14 +4,16 @@
 #include <cstdio>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 
 #include "ContentDirectory.h"
+#include "HtmlReport.h"
 #include "LibraryOptions.h"
 #include "RateProgress.h"
 #include "SurveySummary.h"
 
-// Where the results of a survey go: the counts to standard output at the end, a line for each item and region to a file,
+// Where the results of a survey go: the counts to standard output at the end, lines and a page with each item and region to files,
 // progress to standard error.
 // Threads: any.
 // Errors: CommandError when a file cannot be written.
@@ -39,6 +41,7 @@ class SurveyOutput {
   const ServerDescription& server_;
   std::mutex mutex_;  // for all below
   std::unique_ptr<std::FILE, CloseFile> ndjson_;
+  std::optional<HtmlReport> html_;
   RateProgress progress_;
   std::string container_;  // that is read now
   SurveySummary summary_;

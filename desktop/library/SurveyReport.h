@@ -4,6 +4,7 @@
 #include <string>
 
 #include "ContentDirectory.h"
+#include "HtmlReport.h"
 #include "JsonWriter.h"
 #include "SurveySummary.h"
 
@@ -12,5 +13,8 @@ std::string surveyText(const ServerDescription& server, const SurveySummary& sum
 
 // The same as one object.
 void writeSurvey(JsonWriter& json, const ServerDescription& server, const SurveySummary& summary);
+
+// The same for a page; its items come one by one.
+ReportSummary surveyPage(const ServerDescription& server, const SurveySummary& summary);
 
 #endif  // TARQ_LIBRARY_SURVEY_REPORT_H_

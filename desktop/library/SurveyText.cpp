@@ -92,7 +92,7 @@ std::string reasonsText(const SurveySummary& summary) {
   for (size_t i = 0; i < summary.regions.size(); ++i)
     for (const auto& [key, count] : summary.regions[i].reasons)
       table.add(i, {stateWords(key.state), shownText(count.words, 80)}, count.items, &count.example);
-  return table.text("Why not");
+  return table.text("Why no res is played");
 }
 
 std::string changesText(const SurveySummary& summary) {
@@ -134,6 +134,10 @@ std::string problemsText(const SurveySummary& summary) {
   return "\nProblems with the server\n" + table.text();
 }
 
+std::string counted(int64_t count, const char* what) {
+  return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
 const char* endWords(SurveyEnd end) {
   return end == SurveyEnd::kComplete ? ""
          : end == SurveyEnd::kLimit  ? "; the limit was reached, there may be more"
@@ -144,8 +148,8 @@ const char* endWords(SurveyEnd end) {
 
 std::string surveyText(const ServerDescription& server, const SurveySummary& summary) {
   std::string text = shownText(server.name, 80) + " (" + shownText(server.model, 80) +
-                     "): " + std::to_string(summary.items) + " items in " +
-                     std::to_string(summary.containers) + " containers";
+                     "): " + counted(summary.items, "item") + " in " +
+                     counted(summary.containers, "container");
   if (summary.references > 0)
     text += ", " + std::to_string(summary.references) + " of them references to others";
   return text + endWords(summary.end) + "\n" + totalsText(summary) + formatsText(summary) +

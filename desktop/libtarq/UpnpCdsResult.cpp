@@ -1,5 +1,7 @@
 #include "UpnpCdsResult.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <forward_list>
 #include <memory>
@@ -14,8 +16,21 @@
 
 namespace {
 
-bool isSmall(std::string_view didl) {
-  return didl.size() <= kMaxDidlBytes && treeExcess(didl) == TreeExcess::kNone;
+// Copies the document and counts on the way. A block is no longer than a counter of one byte can count, and such a
+// counter lets the compiler use vector instructions.
+// Returns: how many bytes are "<" or "=", which are neighbours in ASCII.
+size_t copyCounting(std::string_view didl, char* copy) {
+  constexpr size_t kBlock = 240;
+  size_t count = 0;
+  for (; !didl.empty(); didl.remove_prefix(std::min(kBlock, didl.size()))) {
+    uint8_t inBlock = 0;
+    for (const char c : didl.substr(0, kBlock)) {
+      *copy++ = c;
+      inBlock = static_cast<uint8_t>(inBlock + ((c | 1) == '='));
+    }
+    count += inBlock;
+  }
+  return count;
 }
 
 // White space between pieces of text is significant, so it is kept. The first piece of text of an element is
@@ -191,7 +206,11 @@ struct UpnpCdsResult::Document {
 bool UpnpCdsResult::Document::parse(const char* didl, size_t length) {
   // With the NUL: pugixml overlooks a junk byte where it is to put one itself.
   text.reset(new char[length + 1]);
-  std::memcpy(text.get(), didl, length + 1);
+  // The limit of tags is the lower one: with fewer bytes of interest a document is not too large.
+  if (length <= kMaxTags)
+    std::memcpy(text.get(), didl, length + 1);
+  else if (copyCounting({didl, length + 1}, text.get()) > kMaxTags && treeExcess(didl) != TreeExcess::kNone)
+    return false;
   if (!xml.load_buffer_inplace(text.get(), length + 1, kParseFlags, pugi::encoding_utf8)) return false;
 
   const pugi::xml_node root = rootOf(xml);
@@ -212,7 +231,7 @@ UpnpAvResult::~UpnpAvResult() = default;
 
 UpnpCdsResult::UpnpCdsResult(const char* didl) noexcept : document_(nullptr) {
   const size_t length = didl != nullptr ? strnlen(didl, kMaxDidlBytes + 1) : 0;
-  if (length == 0 || !isSmall({didl, length})) return;
+  if (length == 0 || length > kMaxDidlBytes) return;
   try {
     auto document = std::make_unique<Document>();
     if (document->parse(didl, length)) document_ = document.release();

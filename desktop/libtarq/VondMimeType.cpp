@@ -26,7 +26,7 @@ std::string_view tokenAt(const char* string) {
 // Null: returned when `string` does not begin with `token`.
 const char* afterToken(const char* string, std::string_view token) {
   for (const char c : token)
-    if (toLower(*string++) != toLower(c)) return nullptr;
+    if (*string++ != c && toLower(string[-1]) != toLower(c)) return nullptr;
   return string;
 }
 

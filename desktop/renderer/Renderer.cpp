@@ -189,10 +189,13 @@ void RunningRenderer::keep(const PendingAction& done, std::chrono::microseconds 
 
 void RunningRenderer::performOn(Worker& worker, const std::shared_ptr<PendingAction>& action) {
   worker.post([this, action, begun = Clock::now()] {
+    const bool checksSource = action->call.action().checksSource;
+    const auto earlier = checksSource ? transport_.lastCheck() : nullptr;
     perform(parts_, *action);
     const std::chrono::microseconds took = since(begun);
     loop_.post([action] { action->send(*action); });
-    const auto choice = action->call.action().checksSource ? explainChoice() : nullptr;
+    const bool checked = checksSource && transport_.lastCheck() != earlier;  // not an empty URI
+    const auto choice = checked ? explainChoice() : nullptr;
     loop_.post([this, action, took, choice] { keep(*action, took, choice.get()); });
   });
 }
@@ -200,7 +203,6 @@ void RunningRenderer::performOn(Worker& worker, const std::shared_ptr<PendingAct
 // The plug-in's choice once more, in words: the server is not asked again.
 std::shared_ptr<const LoggedChoice> RunningRenderer::explainChoice() const {
   const auto checked = transport_.lastCheck();
-  if (checked == nullptr) return nullptr;
   return std::make_shared<const LoggedChoice>(LoggedChoice{
       checked,
       ::explainChoice(params_, checked->uri.c_str(), checked->didl.c_str(), options_.region, log_.detail())});

@@ -32,6 +32,26 @@ std::string mpvOptionFault(const std::string& word) {
   return word.starts_with("-") ? "" : "an option of mpv begins with -: " + word;
 }
 
+// Returns: --region and --regions, of which one may be given.
+std::pair<const CLI::Option*, const CLI::Option*> addRegions(CLI::App& command,
+                                                             std::vector<int32_t>& regions) {
+  const auto storeOne = [&regions](const std::string& number) { regions = {regionOf("--region", number)}; };
+  const CLI::Option* const one =
+      command.add_option_function<std::string>("--region", storeOne, "Region to check for (default 0)")
+          ->type_name("N");
+  const auto storeAll = [&regions](const std::string& list) {
+    regions.clear();
+    for (const std::string_view number : splitCommas(list)) regions.push_back(regionOf("--regions", number));
+  };
+  const CLI::Option* const all =
+      command
+          .add_option_function<std::string>("--regions", storeAll,
+                                            "Several regions side by side, such as 0,1,2,16")
+          ->type_name("LIST")
+          ->check(notEmpty());
+  return {one, all};
+}
+
 }  // namespace
 
 CLI::Validator notEmpty() {
@@ -160,31 +180,15 @@ void addInterface(CLI::App& command, std::string& name, const char* usual) {
 }
 
 void addSurveyOptions(CLI::App& command, SurveyOptions& options) {
-  command.add_option("server", options.server, "The URL of its description, or a part of its name")
-      ->type_name("")
-      ->required()
-      ->check(notEmpty());
+  const CLI::Option* const server =
+      command.add_option("server", options.server, "The URL of its description, or a part of its name")
+          ->type_name("")
+          ->check(notEmpty());
   command
       .add_option("--container", options.container, "Where to begin: the id of a container (default 0,\nall)")
       ->type_name("ID")
       ->check(notEmpty());
-  const auto storeOne = [&options](const std::string& number) {
-    options.regions = {regionOf("--region", number)};
-  };
-  CLI::Option* const region =
-      command.add_option_function<std::string>("--region", storeOne, "Region to check for (default 0)")
-          ->type_name("N");
-  const auto storeAll = [&options](const std::string& list) {
-    options.regions.clear();
-    for (const std::string_view number : splitCommas(list))
-      options.regions.push_back(regionOf("--regions", number));
-  };
-  command
-      .add_option_function<std::string>("--regions", storeAll,
-                                        "Several regions side by side, such as 0,1,2,16")
-      ->type_name("LIST")
-      ->check(notEmpty())
-      ->excludes(region);
+  const auto regions = addRegions(command, options.regions);
   command.add_flag("--probe", options.probe, "Ask the server for each item as the check would");
   command.add_option("--jobs", options.jobs, "Items checked at once, 1 to 64 (default 4)")
       ->type_name("N")
@@ -195,6 +199,12 @@ void addSurveyOptions(CLI::App& command, SurveyOptions& options) {
   command.add_option("--ndjson", options.ndjsonFile, "Keep a JSON line for each item and region")
       ->type_name("FILE")
       ->check(notEmpty());
+  addHtml(command, options.htmlFile);
   addInterface(command, options.interfaceName, "that of the default\nroute");
   addJson(command, options.json, "The counts as one JSON object");
+  command.callback([server, regions] {
+    if (server->empty()) throw CLI::RequiredError("a server");
+    if (!regions.first->empty() && !regions.second->empty())
+      throw CLI::ExcludesError("--region", "--regions");
+  });
 }

@@ -2,8 +2,10 @@
 
 #include <strings.h>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
+#include <string_view>
 
 #include "FourthField.h"
 #include "VondHspError.h"
@@ -26,7 +28,26 @@ constexpr auto kQuickTests = std::to_array<QuickTest>({
     {kAnyHost, kUri, "flv", nullptr},
 });
 
+// Where each string that is looked for in the metadata has its "*": one pass from "*" to "*" finds them all.
+constexpr std::string_view kBeforeStar = "http-get:";
+static_assert(std::ranges::all_of(kQuickTests, [](const QuickTest& test) {
+  return test.ofUri || std::string_view(test.contains).find('*') == kBeforeStar.size();
+}));
+
 bool contains(const char* string, const char* part) { return std::strstr(string, part) != nullptr; }
+
+// Returns: how many tests come before the first that the metadata passes.
+size_t firstPassed(std::string_view metadata, bool homeNetwork) {
+  size_t first = kQuickTests.size();
+  for (size_t star = kBeforeStar.size(); (star = metadata.find('*', star)) != metadata.npos; ++star) {
+    const std::string_view found = metadata.substr(star - kBeforeStar.size());
+    for (size_t i = 0; i < first; ++i) {
+      const QuickTest& test = kQuickTests[i];
+      if (!test.ofUri && test.appliesTo(homeNetwork) && found.starts_with(test.contains)) first = i;
+    }
+  }
+  return first;
+}
 
 }  // namespace
 
@@ -39,11 +60,11 @@ bool isHomeNetwork(const char* host) {
 
 const QuickTest* findQuickTest(const char* uri, const char* metadata, bool homeNetwork) {
   if (metadata == nullptr) return nullptr;
-  for (const QuickTest& test : kQuickTests) {
-    if (!test.appliesTo(homeNetwork)) continue;
-    if (contains(test.ofUri ? uri : metadata, test.contains)) return &test;
+  const size_t first = firstPassed(metadata, homeNetwork);
+  for (const QuickTest& test : quickTests().first(first)) {
+    if (test.ofUri && test.appliesTo(homeNetwork) && contains(uri, test.contains)) return &test;
   }
-  return nullptr;
+  return first < kQuickTests.size() ? &kQuickTests[first] : nullptr;
 }
 
 const char* mimeTypeOf(const QuickTest& test, const char* metadata) {

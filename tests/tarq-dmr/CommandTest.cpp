@@ -38,6 +38,7 @@ const struct {
     {"RegionTooLow", "sink --region -0x80000001", "--region"},
     {"NoMetadataFile", "check a.xyz --metadata /no/file", "/no/file"},
     {"MetadataFolder", "check a.xyz --metadata /", "cannot read /"},
+    {"NoFolderForThePage", "explain a.xyz --html /no/file", "cannot write /no/file"},
     {"NoPlugin", "info --plugin /no/plugin.so", "/no/plugin.so"},
     {"NoSuchExport", "sink --plugin " NO_PLUGIN, "GetPluginInfo"},
 };

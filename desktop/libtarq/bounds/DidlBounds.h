@@ -1,6 +1,7 @@
 #ifndef DIDL_BOUNDS_H_
 #define DIDL_BOUNDS_H_
 
+#include <algorithm>
 #include <cstddef>
 #include <string_view>
 
@@ -11,19 +12,16 @@ inline constexpr size_t kMaxDidlBytes = size_t{4} << 20;
 inline constexpr size_t kMaxTags = 16'384;
 inline constexpr size_t kMaxEqualSigns = 65'536;
 
-constexpr bool hasMoreThan(size_t count, char wanted, std::string_view xml) {
-  if (xml.size() <= count) return false;
-  for (size_t at = xml.find(wanted); at != xml.npos; at = xml.find(wanted, at + 1))
-    if (count-- == 0) return true;
-  return false;
+inline size_t countOf(std::string_view xml, char mark) {
+  return static_cast<size_t>(std::ranges::count(xml, mark));
 }
 
 // What makes the tree of an XML document too large to build, whatever its length.
 enum class TreeExcess { kNone, kTags, kEqualSigns };
 
-constexpr TreeExcess treeExcess(std::string_view xml) {
-  if (hasMoreThan(kMaxTags, '<', xml)) return TreeExcess::kTags;
-  return hasMoreThan(kMaxEqualSigns, '=', xml) ? TreeExcess::kEqualSigns : TreeExcess::kNone;
+inline TreeExcess treeExcess(std::string_view xml) {
+  if (countOf(xml, '<') > kMaxTags) return TreeExcess::kTags;
+  return countOf(xml, '=') > kMaxEqualSigns ? TreeExcess::kEqualSigns : TreeExcess::kNone;
 }
 
 #endif  // DIDL_BOUNDS_H_

@@ -19,8 +19,8 @@ class BatchOutput {
   // Null: nobody listens.
   BatchOutput(BatchResults results, std::optional<uint64_t> inputBytes, BatchListener* listener)
       : results_(results),
-        inputBytes_(inputBytes),
         listener_(listener),
+        inputBytes_(inputBytes),
         counts_(results != BatchResults::kLines || progress_.isShown() || listener != nullptr) {}
 
   // Flushes by itself every now and then, so that a slow check does not hold back the results before it.
@@ -38,9 +38,9 @@ class BatchOutput {
   std::string percent(uint64_t inputEnd) const;
 
   const BatchResults results_;
-  const std::optional<uint64_t> inputBytes_;  // of the whole input, if known
   BatchListener* const listener_;
-  std::mutex mutex_;  // for all below
+  const std::optional<uint64_t> inputBytes_;  // of the whole input, if known
+  std::mutex mutex_;                          // for all below
   std::string pending_;
   RateProgress::Clock::time_point flushed_ = RateProgress::Clock::now();
   RateProgress progress_{"lines"};

@@ -31,6 +31,7 @@ std::vector<BatchCount> mostFirst(const Counts& counts, Name name) {
   std::map<std::string, int64_t> named;
   for (const auto& [key, lines] : counts) named[name(key)] += lines;
   std::vector<BatchCount> all;
+  all.reserve(named.size());
   for (const auto& [text, lines] : named) all.push_back({text, lines});
   std::ranges::stable_sort(all, std::greater(), &BatchCount::lines);
   return all;

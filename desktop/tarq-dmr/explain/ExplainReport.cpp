@@ -6,6 +6,7 @@ namespace {
 
 std::vector<ReportBar> bars(const std::vector<BatchCount>& counts) {
   std::vector<ReportBar> bars;
+  bars.reserve(counts.size());
   for (const BatchCount& count : counts) bars.push_back({count.name, count.lines, ""});
   return bars;
 }
@@ -19,8 +20,9 @@ void ExplainReport::add(const BatchOutcome& outcome) {
 void ExplainReport::end(const BatchSummary& summary) {
   std::vector<ReportFact> facts = {{"lines", std::to_string(summary.lines())}};
   for (const BatchCount& kind : summary.kinds()) facts.push_back({kind.name, std::to_string(kind.lines)});
+  const std::string source = source_ == "-" ? "standard input" : source_;
   report_.end({"What plays, and why",
-               "The lines of " + source_,
+               "The lines of " + source,
                facts,
                {{"Results", bars(summary.results())}, {"Formats", bars(summary.formats())}},
                ""});

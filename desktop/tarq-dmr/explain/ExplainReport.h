@@ -13,7 +13,7 @@
 // Of the answers of a batch, which bring their items.
 class ExplainReport : public BatchListener {
  public:
-  // `source`: where the lines come from, for people.
+  // `source`: the file of the lines; "-" is standard input.
   ExplainReport(const std::string& path, std::string source) : report_(path), source_(std::move(source)) {}
 
   void add(const BatchOutcome& outcome) override;

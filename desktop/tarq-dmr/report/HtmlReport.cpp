@@ -10,14 +10,14 @@
 
 namespace {
 
-constexpr std::string_view kPage = kReportPage;
+// The page in pieces, cut where something is put in. Items come first: they do not wait for the counts.
+const std::string_view kPage = kReportPage;
 constexpr std::string_view kItems = "<!--items-->";
 constexpr std::string_view kSummary = "<!--summary-->";
-constexpr size_t kItemsAt = kPage.find(kItems);
-constexpr size_t kSummaryAt = kPage.find(kSummary, kItemsAt);
 constexpr std::string_view kDetails = "<!--details-->";
-constexpr size_t kDetailsAt = kPage.find(kDetails, kSummaryAt);
-static_assert(kDetailsAt != kPage.npos);  // items first: they do not wait for the counts
+const size_t kItemsAt = kPage.find(kItems);
+const size_t kSummaryAt = kPage.find(kSummary, kItemsAt);
+const size_t kDetailsAt = kPage.find(kDetails, kSummaryAt);
 
 std::string html(std::string_view text) {
   std::string escaped;
@@ -92,14 +92,14 @@ void HtmlReport::add(std::string_view item) {
 }
 
 void HtmlReport::end(const ReportSummary& summary) {
-  constexpr size_t kAfterItems = kItemsAt + kItems.size();
-  put(kPage.substr(kAfterItems, kSummaryAt - kAfterItems));
+  const size_t afterItems = kItemsAt + kItems.size();
+  put(kPage.substr(afterItems, kSummaryAt - afterItems));
   put("<header>" + element("h1", "", summary.title) + element("p", " class=\"soft\"", summary.subtitle) +
       factsHtml(summary.facts) + "</header>\n<div class=\"charts\">\n");
   for (const ReportChart& chart : summary.charts) put(chartHtml(chart));
   put("</div>\n");
-  constexpr size_t kAfterSummary = kSummaryAt + kSummary.size();
-  put(kPage.substr(kAfterSummary, kDetailsAt - kAfterSummary));
+  const size_t afterSummary = kSummaryAt + kSummary.size();
+  put(kPage.substr(afterSummary, kDetailsAt - afterSummary));
   if (!summary.text.empty())
     put("<h2>Step by step</h2>\n<pre tabindex=\"0\">" + html(summary.text) + "</pre>\n");
   put(kPage.substr(kDetailsAt + kDetails.size()));

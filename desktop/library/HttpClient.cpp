@@ -70,7 +70,7 @@ HttpAnswer HttpClient::postSoap(const std::string& url, const std::string& actio
         std::string("Expect:")}) {
     curl_slist* const longer = curl_slist_append(headers.get(), line.c_str());
     if (longer == nullptr) throw std::bad_alloc();
-    headers.release();
+    static_cast<void>(headers.release());  // it is the rest of the longer one
     headers.reset(longer);
   }
   handle_->set(CURLOPT_HTTPHEADER, headers.get());

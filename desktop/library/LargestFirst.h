@@ -9,6 +9,7 @@
 template <class Map, class Size>
 std::vector<const typename Map::value_type*> largestFirst(const Map& map, Size size) {
   std::vector<const typename Map::value_type*> entries;
+  entries.reserve(map.size());
   for (const auto& entry : map) entries.push_back(&entry);
   std::ranges::stable_sort(entries, std::greater<>(), [&](const auto* entry) { return size(entry->second); });
   return entries;

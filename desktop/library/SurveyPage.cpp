@@ -55,9 +55,10 @@ void addReasons(Bars& bars, const RegionSummary& region, const std::string& begi
 
 void addChanges(Bars& bars, const RegionSummary& region, const std::string& begin) {
   for (const auto& [key, count] : region.changes) {
+    std::string label = begin + count.words;
     const bool isRegion = key.key == "region";  // which is in the words already
-    const std::string value = isRegion || key.value.empty() ? "" : " " + shownText(key.value);
-    bars.push_back({begin + count.words + value, count.items, exampleText(count.example)});
+    if (!isRegion && !key.value.empty()) (label += ' ') += shownText(key.value);
+    bars.push_back({label, count.items, exampleText(count.example)});
   }
 }
 

@@ -2,10 +2,10 @@
 #define TARQ_SURVEY_SUMMARY_H_
 
 #include <array>
-#include <compare>
 #include <cstdint>
 #include <map>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "SurveyedItem.h"
@@ -34,13 +34,17 @@ struct StateCounts {
 struct FormatKind {
   std::string kind;
   std::string format;
-  auto operator<=>(const FormatKind&) const = default;
+  bool operator<(const FormatKind& other) const {
+    return std::tie(kind, format) < std::tie(other.kind, other.format);
+  }
 };
 
 struct ReasonKey {
   CheckState state;
   std::string key;
-  auto operator<=>(const ReasonKey&) const = default;
+  bool operator<(const ReasonKey& other) const {
+    return std::tie(state, key) < std::tie(other.state, other.key);
+  }
 };
 struct ReasonCount {
   int64_t items = 0;
@@ -51,7 +55,9 @@ struct ReasonCount {
 struct ChangeKey {
   std::string key;
   std::string value;
-  auto operator<=>(const ChangeKey&) const = default;
+  bool operator<(const ChangeKey& other) const {
+    return std::tie(key, value) < std::tie(other.key, other.value);
+  }
 };
 struct ChangeCount {
   int64_t items = 0;

@@ -22,7 +22,7 @@ using testing::StartsWith;
 class MediaServer {
  public:
   MediaServer() {
-    ::mkdtemp(folder_.data());
+    EXPECT_NE(::mkdtemp(folder_.data()), nullptr);
     const std::string make =
         "cd " + folder_ +
         " && mkdir media db && cp " TARQ_SOURCES

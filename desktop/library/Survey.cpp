@@ -87,10 +87,7 @@ void SurveyRun::browse() noexcept {
   queue_.finish();
 }
 
-bool SurveyRun::take(LibraryItem item) {
-  const bool wantsMore = queue_.put(std::move(item)) && ++taken_ != options_.limit;
-  return wantsMore;
-}
+bool SurveyRun::take(LibraryItem item) { return queue_.put(std::move(item)) && ++taken_ != options_.limit; }
 
 void SurveyRun::checkAll() {
   for (auto taken = queue_.take(kMaxItems); !taken.empty(); taken = queue_.take(kMaxItems))
@@ -100,7 +97,7 @@ void SurveyRun::checkAll() {
 // The region belongs to the whole plug-in: what is checked at once is of one region.
 void SurveyRun::checkTaken(std::vector<LibraryItem> taken) {
   items_.clear();
-  for (LibraryItem& item : taken) items_.push_back({std::move(item), {}});
+  for (LibraryItem& item : taken) items_.push_back({std::move(item), {}, {}});
   for (const int32_t region : options_.regions) {
     params_.SetCurrentRegion(region_ = region);
     workers_.run(0, items_.size());
@@ -116,6 +113,7 @@ void SurveyRun::check(SurveyedItem& item) noexcept {
     CheckFacts facts =
         checkFacts(params_, item.item.uri.c_str(), item.item.didl.c_str(), region_, options_.probe);
     if (facts.kind == "unknown") facts.kind = item.item.kind;
+    if (options_.htmlFile) item.pageItems.push_back(itemJson(facts));
     item.facts.push_back(std::move(facts));
   } catch (const std::bad_alloc&) {
     lacksMemory_ = true;

@@ -4,8 +4,6 @@
 
 namespace {
 
-constexpr CheckState kStates[] = {CheckState::kPlays, CheckState::kDependsOnServer, CheckState::kDoesNotPlay};
-
 constexpr auto kItems = [](const auto& count) { return count.items; };
 constexpr auto kTotal = [](const StateCounts& counts) { return counts.total(); };
 constexpr auto kTimes = [](const ProblemCount& count) { return count.times; };
@@ -23,8 +21,14 @@ void writeExample(JsonObject& object, const SurveyExample& example) {
   });
 }
 
+void writeCount(JsonObject& object, const WordedCount& count) {
+  object.add("message", count.words);
+  object.add("items", count.items);
+  writeExample(object, count.example);
+}
+
 void writeStates(JsonObject& object, const StateCounts& counts) {
-  for (const CheckState state : kStates) object.add(stateKey(state), counts[state]);
+  for (const CheckState state : kCheckStates) object.add(stateKey(state), counts[state]);
 }
 
 // `write` takes the JsonObject, a key of the map and its count.
@@ -44,20 +48,16 @@ void writeRegion(JsonObject& object, const RegionSummary& region) {
                  writeStates(each, counts);
                });
   writeEntries(object, "reasons", largestFirst(region.reasons, kItems),
-               [](JsonObject& each, const ReasonKey& key, const ReasonCount& count) {
+               [](JsonObject& each, const ReasonKey& key, const WordedCount& count) {
                  each.add("state", stateKey(key.state));
                  each.add("key", key.key);
-                 each.add("message", count.words);
-                 each.add("items", count.items);
-                 writeExample(each, count.example);
+                 writeCount(each, count);
                });
   writeEntries(object, "changes", largestFirst(region.changes, kItems),
-               [](JsonObject& each, const ChangeKey& key, const ChangeCount& count) {
+               [](JsonObject& each, const ChangeKey& key, const WordedCount& count) {
                  each.add("key", key.key);
                  each.add("value", key.value);
-                 each.add("message", count.words);
-                 each.add("items", count.items);
-                 writeExample(each, count.example);
+                 writeCount(each, count);
                });
 }
 

@@ -61,8 +61,7 @@ void SurveyOutput::add(const SurveyedItem& item) {
       writeLine(ndjson_.get(), item.item, options_.regions[i], item.facts[i]);
     if (std::ferror(ndjson_.get()) != 0) failToWrite(*options_.ndjsonFile);
   }
-  for (const CheckFacts& facts : item.facts)
-    if (html_) html_->add(itemJson(facts, item.item.title));
+  for (const std::string& pageItem : item.pageItems) html_->add(pageItem);
   const auto now = RateProgress::Clock::now();
   if (progress_.isDue(now)) progress_.show(summary_.items, ", in " + shown(container_.c_str(), 40), now);
 }

@@ -13,8 +13,8 @@
 #include "RateProgress.h"
 #include "SurveySummary.h"
 
-// Where the results of a survey go: the counts to standard output at the end, lines and a page with each item and region to files,
-// progress to standard error.
+// Where the results of a survey go: the counts to standard output at the end, lines and a page with each item and
+// region to files, progress to standard error.
 // Threads: any.
 // Errors: CommandError when a file cannot be written.
 class SurveyOutput {

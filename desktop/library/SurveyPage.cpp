@@ -4,8 +4,6 @@
 
 namespace {
 
-constexpr CheckState kStates[] = {CheckState::kPlays, CheckState::kDependsOnServer, CheckState::kDoesNotPlay};
-
 std::string shownText(const std::string& text, size_t limitBytes = 80) {
   return text.empty() ? "" : shown(text.c_str(), limitBytes);
 }
@@ -33,7 +31,7 @@ ReportChart chartOf(const SurveySummary& summary, const char* title, AddBars add
 using Bars = std::vector<ReportBar>;
 
 void addStates(Bars& bars, const RegionSummary& region, const std::string& begin) {
-  for (const CheckState state : kStates) {
+  for (const CheckState state : kCheckStates) {
     if (region.totals[state] > 0) bars.push_back({begin + stateWords(state), region.totals[state], ""});
   }
 }
@@ -41,7 +39,7 @@ void addStates(Bars& bars, const RegionSummary& region, const std::string& begin
 void addFormats(Bars& bars, const RegionSummary& region, const std::string& begin) {
   for (const auto& [key, counts] : region.formats) {
     const std::string format = key.format.empty() ? "format not known" : shownText(key.format);
-    for (const CheckState state : kStates) {
+    for (const CheckState state : kCheckStates) {
       if (counts[state] > 0)
         bars.push_back({begin + format, counts[state], key.kind + ", " + stateWords(state)});
     }

@@ -24,13 +24,13 @@ void addTo(RegionSummary& region, const SurveyedItem& item, const CheckFacts& fa
   const FormatKind others{facts.kind, kOthers};
   ++entryOf(region.formats, FormatKind{facts.kind, facts.format}, others)[facts.state];
   if (facts.reason) {
-    ReasonCount& reason = region.reasons[{facts.state, facts.reason->key}];
+    WordedCount& reason = region.reasons[{facts.state, facts.reason->key}];
     if (reason.items == 0) reason.words = facts.reason->words;
     countIn(reason, item, facts.line);
   }
   if (facts.change) {
     const ChangeKey key{facts.change->key, facts.change->value};
-    ChangeCount& change = entryOf(region.changes, key, ChangeKey{key.key, kOthers});
+    WordedCount& change = entryOf(region.changes, key, ChangeKey{key.key, kOthers});
     if (change.items == 0) change.words = facts.change->words;
     countIn(change, item, facts.line);
   }

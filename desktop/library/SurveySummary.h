@@ -46,11 +46,6 @@ struct ReasonKey {
     return std::tie(state, key) < std::tie(other.state, other.key);
   }
 };
-struct ReasonCount {
-  int64_t items = 0;
-  std::string words;
-  SurveyExample example;
-};
 
 struct ChangeKey {
   std::string key;
@@ -59,7 +54,8 @@ struct ChangeKey {
     return std::tie(key, value) < std::tie(other.key, other.value);
   }
 };
-struct ChangeCount {
+// Of a reason or a change.
+struct WordedCount {
   int64_t items = 0;
   std::string words;
   SurveyExample example;
@@ -69,8 +65,8 @@ struct RegionSummary {
   int32_t region;
   StateCounts totals = {};
   std::map<FormatKind, StateCounts> formats = {};
-  std::map<ReasonKey, ReasonCount> reasons = {};
-  std::map<ChangeKey, ChangeCount> changes = {};
+  std::map<ReasonKey, WordedCount> reasons = {};
+  std::map<ChangeKey, WordedCount> changes = {};
 };
 
 // What one item is in the regions, in their order, where it is not the same in all.

@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr CheckState kStates[] = {CheckState::kPlays, CheckState::kDependsOnServer, CheckState::kDoesNotPlay};
-
 using Cells = std::vector<std::string>;
 
 std::string shownText(const std::string& text, size_t limitBytes = 40) {
@@ -70,7 +68,7 @@ class RegionTable {
 std::string totalsText(const SurveySummary& summary) {
   RegionTable table(summary, {"state"});
   for (size_t i = 0; i < summary.regions.size(); ++i)
-    for (const CheckState state : kStates)
+    for (const CheckState state : kCheckStates)
       table.add(i, {stateWords(state)}, summary.regions[i].totals[state]);
   return table.text("All items");
 }
@@ -80,7 +78,7 @@ std::string formatsText(const SurveySummary& summary) {
   for (size_t i = 0; i < summary.regions.size(); ++i) {
     for (const auto& [key, counts] : summary.regions[i].formats) {
       const std::string format = key.format.empty() ? "(not known)" : shownText(key.format);
-      for (const CheckState state : kStates)
+      for (const CheckState state : kCheckStates)
         table.add(i, {stateWords(state), key.kind, format}, counts[state]);
     }
   }

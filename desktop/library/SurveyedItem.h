@@ -1,6 +1,7 @@
 #ifndef TARQ_SURVEYED_ITEM_H_
 #define TARQ_SURVEYED_ITEM_H_
 
+#include <string>
 #include <vector>
 
 #include "CheckFacts.h"
@@ -11,6 +12,7 @@
 struct SurveyedItem {
   LibraryItem item;
   std::vector<CheckFacts> facts;
+  std::vector<std::string> pageItems;  // the facts as a page shows them, where one is wanted
 };
 
 #endif  // TARQ_SURVEYED_ITEM_H_

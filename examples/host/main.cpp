@@ -1,5 +1,5 @@
-// A host of your own: loads the renderer plug-in and asks it what the renderer can play, and what plays of one
-// item.
+// A host of your own: loads the renderer plug-in, and asks it what the renderer can play
+// and what plays of one item.
 //   my-host URI METADATA_FILE
 #include <TarqDmrPluginManager.h>
 

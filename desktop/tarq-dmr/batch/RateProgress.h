@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <string>
 
-// How many of something are done and how fast: one line on standard error that changes. Nothing when that is not a
-// terminal.
+// How many of something are done and how fast: one line on standard error that changes, or nothing when
+// that is not a terminal.
 class RateProgress {
  public:
   using Clock = std::chrono::steady_clock;

@@ -13,6 +13,8 @@ struct Explanation;
 // What a check decided and why, in short, for a program that makes many checks and counts them.
 
 enum class CheckState { kPlays, kDependsOnServer, kDoesNotPlay };
+inline constexpr CheckState kCheckStates[] = {CheckState::kPlays, CheckState::kDependsOnServer,
+                                              CheckState::kDoesNotPlay};
 const char* stateKey(CheckState state);    // "plays"
 const char* stateWords(CheckState state);  // "depends on the server"
 
@@ -36,8 +38,8 @@ struct CheckFacts {
   std::string result;  // the object of `check --json`; without a code when it depends on a server
   std::string line;    // the choice on one line
   std::string kind;    // "photo", "music", "video" or "unknown"
-  std::string
-      format;  // what it is played as, or would be if the server agreed; else its MIME type; may be empty
+  // What it is played as, or would be if the server agreed; else its MIME type; may be empty.
+  std::string format;
   std::optional<CheckReason> reason;  // none: something is chosen, and the server did not refuse it
   std::optional<CheckChange> change;  // only with a reason
 };
@@ -52,6 +54,6 @@ CheckFacts checkFacts(TarqDmrParamsInterface& params, const char* uri, const cha
 CheckFacts factsOf(const std::shared_ptr<const Explanation>& explanation);
 
 // What a page shows of it, as one object of limited size: the contest with its points, everything else in words.
-std::string itemJson(const CheckFacts& facts, const std::string& title);
+std::string itemJson(const CheckFacts& facts);
 
 #endif  // TARQ_DMR_CHECK_FACTS_H_

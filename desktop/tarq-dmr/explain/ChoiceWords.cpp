@@ -20,7 +20,5 @@ ChoiceWords explainChoice(TarqDmrParamsInterface& params, const char* uri, const
                           int32_t region, ChoiceDetail detail) {
   const CheckFacts facts = checkFacts(params, uri, metadata, region, false);
   const Explanation& explanation = *facts.explanation;
-  const char* title = explanation.metadata.title;
-  return {facts.line, wholeWords(explanation, detail), itemJson(facts, title == nullptr ? "" : title),
-          explanation.probe.has_value()};
+  return {facts.line, wholeWords(explanation, detail), itemJson(facts), explanation.probe.has_value()};
 }

@@ -49,7 +49,7 @@ int explainBatch(TarqDmrParamsInterface& params, const ExplainOptions& options) 
     BatchOutcome outcome{.code = explanation.verdict.code};
     const char* format = resource == nullptr ? explanation.format() : formatOf(*resource);
     if (format != nullptr) outcome.format = format;
-    if (report) outcome.item = reportItem(factsOf(made));
+    if (report) outcome.item = itemJson(factsOf(made));
     return outcome;
   };
   runBatch(params, options, answer, report ? &*report : nullptr);

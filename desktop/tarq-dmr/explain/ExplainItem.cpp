@@ -67,9 +67,10 @@ void writeContest(JsonObject& object, const Explanation& explanation) {
   object.addIndex("winner", explanation.choice.winner);
 }
 
-void writeItem(JsonObject& object, const CheckFacts& facts, const std::string& title) {
+void writeItem(JsonObject& object, const CheckFacts& facts) {
   const Explanation& explanation = *facts.explanation;
-  if (!title.empty()) object.add("title", shown(title.c_str()));
+  const char* title = explanation.metadata.title;
+  if (title != nullptr && *title != '\0') object.add("title", shown(title));
   object.add("uri", shown(explanation.uri.text, kMostUriBytes));
   object.add("region", explanation.region);
   object.add("kind", facts.kind);
@@ -88,11 +89,11 @@ void writeItem(JsonObject& object, const CheckFacts& facts, const std::string& t
 
 }  // namespace
 
-std::string itemJson(const CheckFacts& facts, const std::string& title) {
+std::string itemJson(const CheckFacts& facts) {
   JsonWriter json;
   {
     JsonObject object(json);
-    writeItem(object, facts, title);
+    writeItem(object, facts);
   }
   return json.take();
 }

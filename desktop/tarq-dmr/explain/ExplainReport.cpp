@@ -28,15 +28,10 @@ void ExplainReport::end(const BatchSummary& summary) {
                ""});
 }
 
-std::string reportItem(const CheckFacts& facts) {
-  const char* title = facts.explanation->metadata.title;
-  return itemJson(facts, title == nullptr ? "" : title);
-}
-
 void writeReport(HtmlReport& report, const CheckFacts& facts) {
   const Explanation& explanation = *facts.explanation;
   const char* title = explanation.metadata.title;
-  report.add(reportItem(facts));
+  report.add(itemJson(facts));
   report.end({title == nullptr ? "What plays, and why" : title,
               explanation.uri.text,
               {},

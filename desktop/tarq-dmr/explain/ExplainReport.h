@@ -27,6 +27,4 @@ class ExplainReport : public BatchListener {
 // Of one resource: also step by step.
 void writeReport(HtmlReport& report, const CheckFacts& facts);
 
-std::string reportItem(const CheckFacts& facts);
-
 #endif  // TARQ_DMR_EXPLAIN_REPORT_H_
